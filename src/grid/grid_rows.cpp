@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+#include "grid/grid_rows.h"
+
+#include <cmath>
+#include <string>
+
+#include "platform/io_error.h"
+
+namespace velmorankite {
+namespace {
+
+using platform::IoError;
+
+void expect(bool holds, const platform::BinaryFile& file, const std::string& reason) {
+  if (!holds) {
+    throw IoError(file.path(), reason);
+  }
+}
+
+}  // namespace
+
+RowLayout layout_of(const grid_description& grid) noexcept {
+  return {grid.ints.storage_sense, grid.ints.x_count, grid.ints.y_count, grid.ints.data_offset};
+}
+
+Lattice lattice_of(const grid_description& grid) noexcept {
+  return {grid.reals.x_min,  grid.reals.y_min,  grid.reals.x_cell,
+          grid.reals.y_cell, grid.ints.x_count, grid.ints.y_count};
+}
+
+void check_float_grid(const platform::BinaryFile& file, const grid_description& grid) {
+  const grid_ints& ints = grid.ints;
+  const grid_reals& reals = grid.reals;
+  expect(ints.element_code == 4 && ints.element_kind == kind_float, file,
+         "cells of 4-byte floats expected, element size " + std::to_string(ints.element_code) +
+             " and kind " + std::to_string(ints.element_kind) + " found");
+  expect(ints.storage_sense == sense_bottom_up || ints.storage_sense == sense_top_down, file,
+         "storage sense 1 or -2 expected, " + std::to_string(ints.storage_sense) + " found");
+  expect(ints.x_count >= 1 && ints.y_count >= 1, file,
+         "counts of at least 1 expected, " + std::to_string(ints.x_count) + " columns and " +
+             std::to_string(ints.y_count) + " rows found");
+  expect(std::isfinite(reals.x_cell) && std::isfinite(reals.y_cell) && reals.x_cell > 0.0 &&
+             reals.y_cell > 0.0,
+         file,
+         "cell sizes above 0 expected, " + std::to_string(reals.x_cell) + " and " +
+             std::to_string(reals.y_cell) + " found");
+  expect(std::isfinite(reals.x_min) && std::isfinite(reals.y_min), file,
+         "a finite origin expected");
+  constexpr std::int32_t longest_row = 0x7FFFFFFF / 4;
+  expect(ints.x_count <= longest_row, file,
+         "rows below 2 GiB expected, " + std::to_string(ints.x_count) + " columns found");
+  // Both products stay below 2^63: a row is below 2^31 bytes and there are below 2^31 of them.
+  const std::int64_t wanted = ints.data_offset + std::int64_t{ints.x_count} * 4 * ints.y_count;
+  const std::int64_t there = file.size();
+  expect(there >= wanted, file,
+         "the file ends too early: " + std::to_string(ints.x_count) + " columns by " +
+             std::to_string(ints.y_count) + " rows need " + std::to_string(wanted) + " bytes, " +
+             std::to_string(there) + " are there");
+}
+
+void read_row(const platform::BinaryFile& file, const RowLayout& layout, std::int32_t row,
+              std::span<float> cells) {
+  file.read_values(layout.position(row), cells.first(static_cast<std::size_t>(layout.x_count)));
+}
+
+void write_row(platform::BinaryFile& file, const RowLayout& layout, std::int32_t row,
+               std::span<const float> cells) {
+  file.write_values(layout.position(row), cells.first(static_cast<std::size_t>(layout.x_count)));
+}
+
+}  // namespace velmorankite

@@ -1,0 +1,43 @@
+// Rows of a standard grid of 4-byte floats, by their lattice row.
+// SPDX-License-Identifier: MIT
+#pragma once
+#include <cstdint>
+#include <span>
+
+#include "formats/grid_description.h"
+#include "grid/cell_position.h"
+#include "grid/lattice.h"
+#include "grid/standard_header.h"
+#include "platform/binary_file.h"
+
+namespace velmorankite {
+
+// How the rows of a float grid lie in its file.
+struct RowLayout {
+  std::int32_t storage_sense = sense_bottom_up;
+  std::int32_t x_count = 0;
+  std::int32_t y_count = 0;
+  std::int32_t header_bytes = standard_header_bytes;
+
+  // Byte position, from 1, of the first cell of a lattice row.
+  [[nodiscard]] std::int64_t position(std::int32_t row) const noexcept {
+    return GRDCELLPOS(storage_sense, header_bytes, sizeof(float), x_count, y_count, row, 1);
+  }
+};
+
+[[nodiscard]] RowLayout layout_of(const grid_description& grid) noexcept;
+[[nodiscard]] Lattice lattice_of(const grid_description& grid) noexcept;
+
+// Makes sure that `file` can be read by rows as `grid` describes it: 4-byte floats that need no
+// scaling, a sense of 1 or -2, counts of at least 1, finite cell sizes above 0, and a file that
+// holds all the cells. Throws IoError that says what was expected and what is there. To be called
+// once per opening, before anything is allocated from the counts.
+void check_float_grid(const platform::BinaryFile& file, const grid_description& grid);
+
+// Moves x_count cells of one row (from 1, the lowest Y). Throws IoError.
+void read_row(const platform::BinaryFile& file, const RowLayout& layout, std::int32_t row,
+              std::span<float> cells);
+void write_row(platform::BinaryFile& file, const RowLayout& layout, std::int32_t row,
+               std::span<const float> cells);
+
+}  // namespace velmorankite

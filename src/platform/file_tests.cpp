@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+#include "platform/file_tests.h"
+
+#include <exception>
+#include <system_error>
+#include <vector>
+
+#include "platform/binary_file.h"
+#include "platform/scratch_file.h"
+#include "platform/system.h"
+
+namespace velmorankite::platform {
+namespace {
+
+constexpr std::size_t copy_block = std::size_t{1} << 20;
+
+}  // namespace
+
+bool file_exists(const std::filesystem::path& path) {
+  std::error_code failure;
+  return std::filesystem::exists(path, failure);
+}
+
+std::int64_t bytes_of_file(const std::filesystem::path& path) {
+  std::error_code failure;
+  const std::uintmax_t bytes = std::filesystem::file_size(path, failure);
+  return failure ? -1 : static_cast<std::int64_t>(bytes);
+}
+
+bool same_file(const std::filesystem::path& a, const std::filesystem::path& b) {
+  std::error_code failure;
+  const bool same = std::filesystem::equivalent(a, b, failure);
+  return !failure && same;
+}
+
+void delete_file(const std::filesystem::path& path) noexcept {
+  current_system().remove(path);
+}
+
+bool copy_whole_file(const std::filesystem::path& source,
+                     const std::filesystem::path& target) noexcept {
+  try {
+    const BinaryFile from(source, open_mode::read);
+    StagedFile to(target);
+    std::vector<std::byte> block(copy_block);
+    std::int64_t position = 1;
+    while (true) {
+      const std::size_t count = from.read_some(position, block);
+      if (count == 0) {
+        break;
+      }
+      to.file().write(position, std::span(block).first(count));
+      position += static_cast<std::int64_t>(count);
+    }
+    to.commit();
+    return true;
+  } catch (const std::exception&) {
+    return false;
+  }
+}
+
+}  // namespace velmorankite::platform

@@ -1,0 +1,20 @@
+// What the system knows of files without opening them, and the plain file services.
+// SPDX-License-Identifier: MIT
+#pragma once
+#include <cstdint>
+#include <filesystem>
+
+namespace velmorankite::platform {
+
+[[nodiscard]] bool file_exists(const std::filesystem::path& path);
+// Bytes of a regular file; -1 for anything else.
+[[nodiscard]] std::int64_t bytes_of_file(const std::filesystem::path& path);
+// Whether both names lead to one existing file, through links too.
+[[nodiscard]] bool same_file(const std::filesystem::path& a, const std::filesystem::path& b);
+// Deletes the file if it exists; a failure is not an error.
+void delete_file(const std::filesystem::path& path) noexcept;
+// Copies the bytes of a file, replacing the target; false on failure, then without a target.
+[[nodiscard]] bool copy_whole_file(const std::filesystem::path& source,
+                                   const std::filesystem::path& target) noexcept;
+
+}  // namespace velmorankite::platform

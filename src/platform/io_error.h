@@ -1,0 +1,29 @@
+// The failure of a file operation that no routine tests: it ends the run.
+// SPDX-License-Identifier: MIT
+#pragma once
+#include <cstdint>
+#include <filesystem>
+#include <stdexcept>
+#include <string>
+
+namespace velmorankite::platform {
+
+// Carries the path and the reason, so that one line can tell the user which file and why.
+class IoError : public std::runtime_error {
+ public:
+  IoError(const std::filesystem::path& path, const std::string& reason);
+
+  [[nodiscard]] const std::filesystem::path& path() const noexcept { return path_; }
+
+ private:
+  std::filesystem::path path_;
+};
+
+// The error of a text file whose line `line` (from 1) is not what was expected there.
+IoError malformed_line(const std::filesystem::path& path, std::int64_t line,
+                       const std::string& reason);
+
+// "what: the system's words for error_number".
+std::string system_reason(const std::string& what, int error_number);
+
+}  // namespace velmorankite::platform

@@ -1,0 +1,39 @@
+// Free-format numbers: blanks, commas, repeat counts, slashes, D exponents.
+// SPDX-License-Identifier: MIT
+#pragma once
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <variant>
+
+#include "platform/text_file.h"
+
+namespace velmorankite::platform {
+
+// Where a value of a list goes; the type says what may stand there. An integer takes no decimal
+// point, a real takes an integer, a decimal or an exponent with E or D.
+using list_item = std::variant<std::int32_t*, float*, double*>;
+
+enum class list_result { complete, end_of_file, malformed };
+
+// Reads the items from `reader`, beginning on a new line: blank lines are passed over, and a list
+// that runs short goes on in the next line. Items are parted by blanks, tabs or one comma. "n*v"
+// gives v to n items, "n*" and two commas without a value between them leave items as they are,
+// a slash ends the list and leaves the items behind it as they are. What stands behind the last
+// value that is needed is ignored. `rejected` gets the text that is not a value.
+[[nodiscard]] list_result read_list(TextReader& reader, std::span<const list_item> items,
+                                    std::string* rejected = nullptr);
+
+// The same from one text, which does not go on: a text that runs short gives end_of_file.
+[[nodiscard]] list_result read_list(std::string_view text, std::span<const list_item> items,
+                                    std::string* rejected = nullptr);
+
+// One number as a list reads it, without the separators; nothing if `text` is no such number or
+// does not fit. Overflow of a real gives nothing too; "NaN" and "Inf" are taken.
+[[nodiscard]] std::optional<double> parse_real(std::string_view text);
+[[nodiscard]] std::optional<std::int32_t> parse_integer(std::string_view text);
+
+}  // namespace velmorankite::platform

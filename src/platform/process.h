@@ -1,0 +1,15 @@
+// The process's surroundings: environment, shell.
+// SPDX-License-Identifier: MIT
+#pragma once
+#include <optional>
+#include <string>
+
+namespace velmorankite::platform {
+
+// The environment variable's text, or nothing where it is not set.
+[[nodiscard]] std::optional<std::string> environment(const std::string& name);
+
+// Runs a command line in the system's shell and waits. True if it ran and ended with status 0.
+[[nodiscard]] bool run_command(const std::string& command);
+
+}  // namespace velmorankite::platform
