@@ -16,13 +16,9 @@ namespace {
 
 constexpr std::size_t longest_extension = 16;
 
-std::string_view without_trail(std::string_view name) {
-  const auto drop_blanks = [&name] {
-    const std::size_t last = name.find_last_not_of(' ');
-    name = name.substr(0, last == std::string_view::npos ? 0 : last + 1);
-  };
-  drop_blanks();
-  return name;
+std::string_view without_trailing_blanks(std::string_view name) {
+  const std::size_t last = name.find_last_not_of(' ');
+  return last == std::string_view::npos ? std::string_view() : name.substr(0, last + 1);
 }
 
 // A dot in a directory is no extension.
@@ -101,7 +97,7 @@ Status GRDRDH(std::string_view file_name, grid_description& grid, grid_texts& te
   grid.ints.band_count = 1;
   grid.ints.band_select = 1;
 
-  std::string_view name = without_trail(file_name);
+  std::string_view name = without_trailing_blanks(file_name);
   constexpr std::size_t shortest_name = 3;
   if (name.size() < shortest_name) {
     return name_too_short;
