@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "formats/describe_grid.h"
 
-#include <algorithm>
-#include <cctype>
 #include <optional>
 #include <string>
 
 #include "formats/header_readers.h"
 #include "formats/recognition.h"
+#include "formats/text_helpers.h"
 #include "grid/dummy.h"
 #include "platform/file_tests.h"
 
@@ -29,8 +28,7 @@ std::string extension_of(const std::filesystem::path& path) {
     return {};
   }
   std::string extension = name.substr(dot, longest_extension);
-  std::transform(extension.begin(), extension.end(), extension.begin(),
-                 [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
+  FUPPER(extension);
   return extension;
 }
 
@@ -50,14 +48,14 @@ Status read_header(const format_reader& reader, const grid_file& file, grid_desc
       source.binary = &binary.emplace(file.path, platform::open_mode::read);
       break;
     case header_access::text:
-      source.text = &text.emplace(file.path);
+      source.text = &text.emplace(file.path, text_ending(ISFILEUNIX(file.path)));
       break;
     case header_access::text_beside: {
       const std::filesystem::path beside = header_beside(file.path);
       if (!platform::file_exists(beside)) {
         return header_file_missing;
       }
-      source.text = &text.emplace(beside);
+      source.text = &text.emplace(beside, text_ending(ISFILEUNIX(beside)));
       break;
     }
     case header_access::name_only:
