@@ -14,7 +14,7 @@
 namespace velmorankite::platform {
 
 // Where a value of a list goes; the type says what may stand there. An integer takes no decimal
-// point, a real takes an integer, a decimal or an exponent with E or D.
+// point, a real takes an integer, a decimal or an exponent with E, D or Q.
 using list_item = std::variant<std::int32_t*, float*, double*>;
 
 enum class list_result { complete, end_of_file, malformed };
@@ -23,7 +23,10 @@ enum class list_result { complete, end_of_file, malformed };
 // that runs short goes on in the next line. Items are parted by blanks, tabs or one comma. "n*v"
 // gives v to n items, "n*" and two commas without a value between them leave items as they are,
 // a slash ends the list and leaves the items behind it as they are. What stands behind the last
-// value that is needed is ignored. `rejected` gets the text that is not a value.
+// value that is needed is ignored. Items ahead of a failure hold what was read.
+//   rejected  out: the text that is not a value, cut to a length that fits a message.
+// A value that does not fit its item is malformed, and so is one that stands beyond
+// TextReader::default_keep characters of a line. Throws IoError.
 [[nodiscard]] list_result read_list(TextReader& reader, std::span<const list_item> items,
                                     std::string* rejected = nullptr);
 
@@ -32,8 +35,10 @@ enum class list_result { complete, end_of_file, malformed };
                                     std::string* rejected = nullptr);
 
 // One number as a list reads it, without the separators; nothing if `text` is no such number or
-// does not fit. Overflow of a real gives nothing too; "NaN" and "Inf" are taken.
+// is too large. A real too small for its type is 0; "NaN", "Inf" and "Infinity" are taken.
+// A single-precision number is rounded once, from its digits.
 [[nodiscard]] std::optional<double> parse_real(std::string_view text);
+[[nodiscard]] std::optional<float> parse_single(std::string_view text);
 [[nodiscard]] std::optional<std::int32_t> parse_integer(std::string_view text);
 
 }  // namespace velmorankite::platform

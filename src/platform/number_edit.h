@@ -6,10 +6,11 @@
 
 namespace velmorankite::platform {
 
-// F<width>.<decimals>: right-justified, correctly rounded from the binary value (a tie goes to the
-// even digit), a minus sign kept on a negative value that rounds to zero, the zero ahead of the
-// point left out where the field has no room for it, and stars where the number does not fit.
-// NaN and infinities print as "NaN", "Infinity" or "Inf", right-justified.
+// F<width>.<decimals>, width at least 1: right-justified, correctly rounded from the binary value
+// (a tie goes to the even digit), a minus sign kept on a negative value that rounds to zero, the
+// zero ahead of the point left out where the field has no room for it, and stars where the number
+// does not fit. NaN and infinities print as "NaN", "Infinity" or, in a narrower field, "Inf",
+// right-justified.
 [[nodiscard]] std::string fixed_edit(double value, int width, int decimals);
 
 // I<width>: right-justified, stars where the number does not fit.
