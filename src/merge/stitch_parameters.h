@@ -3,6 +3,7 @@
 #pragma once
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <string>
 
 #include "formats/grid_description.h"
@@ -28,5 +29,14 @@ struct stitch_parameters {
   double lattice_y_max = 0.0;
   std::filesystem::path output_path;
 };
+
+// A value with which no stitch can be done.
+struct parameter_fault {
+  int definitions_line;  // which of the 13 lines of the definitions holds it, from 1
+  std::string text;      // field, value and what was expected
+};
+
+// The first such value, if there is one.
+[[nodiscard]] std::optional<parameter_fault> find_fault(const stitch_parameters& parameters);
 
 }  // namespace velmorankite
