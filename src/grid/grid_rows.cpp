@@ -46,7 +46,6 @@ void check_float_grid(const platform::BinaryFile& file, const grid_description& 
              std::to_string(reals.y_cell) + " found");
   expect(std::isfinite(reals.x_min) && std::isfinite(reals.y_min), file,
          "a finite origin expected");
-  constexpr std::int32_t longest_row = 0x7FFFFFFF / 4;
   expect(ints.x_count <= longest_row, file,
          "rows below 2 GiB expected, " + std::to_string(ints.x_count) + " columns found");
   // Both products stay below 2^63: a row is below 2^31 bytes and there are below 2^31 of them.

@@ -12,6 +12,9 @@
 
 namespace velmorankite {
 
+// The longest row, in cells: its bytes fit in 31 bits.
+inline constexpr std::int32_t longest_row = 0x7FFFFFFF / 4;
+
 // How the rows of a float grid lie in its file.
 struct RowLayout {
   std::int32_t storage_sense = sense_bottom_up;

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+#include "grid/cell_rows.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+
+#include "grid/dummy.h"
+#include "grid/value_transform.h"
+
+namespace velmorankite {
+
+CellRows::CellRows(const std::filesystem::path& path, const grid_description& grid,
+                   std::int32_t mode)
+    : file_(path, platform::open_mode::read), layout_(layout_of(grid)), mode_(mode) {
+  check_float_grid(file_, grid);
+}
+
+CellRows::CellRows(std::span<const float> cells, const grid_description& grid, std::int32_t mode)
+    : memory_(cells), layout_(layout_of(grid)), mode_(mode) {}
+
+const float* CellRows::stretch(std::int64_t row, std::int32_t first, std::int32_t last,
+                               std::int32_t spare) {
+  slot& kept = slots_[static_cast<std::uint64_t>(row) % slots_.size()];
+  if (kept.row != row || first < kept.first || last > kept.last) {
+    kept.row = no_row;  // stays so if the read fails
+    kept.first = first - std::clamp(first - 1, 0, spare);
+    kept.last = last + std::clamp(layout_.x_count - last, 0, spare);
+    kept.cells.resize(static_cast<std::size_t>(kept.last - kept.first) + 1);
+    fill(row, kept);
+    kept.row = row;
+  }
+  return kept.cells.data() + (first - kept.first);
+}
+
+void CellRows::fill(std::int64_t row, slot& kept) const {
+  const std::span<float> cells(kept.cells);
+  const std::int32_t first = std::max(kept.first, 1);
+  const std::int32_t last = std::min(kept.last, layout_.x_count);
+  if (row < 1 || row > layout_.y_count || first > last) {
+    std::ranges::fill(cells, dummy);
+    return;
+  }
+  const auto begin = static_cast<std::size_t>(first - kept.first);
+  const auto count = static_cast<std::size_t>(last - first) + 1;
+  const std::span<float> inside = cells.subspan(begin, count);
+  std::ranges::fill(cells.first(begin), dummy);
+  std::ranges::fill(cells.subspan(begin + count), dummy);
+  read_cells(static_cast<std::int32_t>(row), first, inside);
+  if (is_transformed(mode_)) {
+    for (float& cell : inside) {
+      cell = is_valid(cell) ? transform_value(mode_, cell) : cell;
+    }
+  }
+}
+
+void CellRows::read_cells(std::int32_t row, std::int32_t first, std::span<float> cells) const {
+  if (file_.is_open()) {
+    const std::int64_t ahead = std::int64_t{first - 1} * std::int64_t{sizeof(float)};
+    file_.read_values(layout_.position(row) + ahead, cells);
+    return;
+  }
+  const std::int32_t stored =
+      layout_.storage_sense == sense_top_down ? layout_.y_count - row : row - 1;
+  const std::size_t index =
+      static_cast<std::size_t>(stored) * static_cast<std::size_t>(layout_.x_count) +
+      static_cast<std::size_t>(first - 1);
+  std::ranges::copy(memory_.subspan(index, cells.size()), cells.begin());
+}
+
+bool holds_cells(std::span<const float> cells, const grid_description& grid) noexcept {
+  const Lattice lattice = lattice_of(grid);
+  return lattice.x_count >= 1 && lattice.x_count <= longest_row && lattice.y_count >= 1 &&
+         std::isfinite(lattice.x_cell) && lattice.x_cell > 0.0 && std::isfinite(lattice.y_cell) &&
+         lattice.y_cell > 0.0 && cells.size() >= static_cast<std::size_t>(lattice.cell_count());
+}
+
+}  // namespace velmorankite

@@ -1,0 +1,57 @@
+// Stretches of the rows of a float grid, from a file or from memory, with dummies beyond its edges.
+// SPDX-License-Identifier: MIT
+#pragma once
+#include <array>
+#include <cstdint>
+#include <filesystem>
+#include <span>
+#include <vector>
+
+#include "formats/grid_description.h"
+#include "grid/grid_rows.h"
+#include "platform/binary_file.h"
+
+namespace velmorankite {
+
+// Keeps one stretch for each of four neighbouring rows, so that a walk from row to row reads every
+// row once, in either direction, and a walk along a line reads a stretch every so many columns.
+// Memory is four stretches, however large the grid.
+class CellRows {
+ public:
+  // Opens the grid and throws IoError unless it is a sound grid of 4-byte floats. Valid cells are
+  // kept as value_transform.h makes them in `mode`.
+  CellRows(const std::filesystem::path& path, const grid_description& grid, std::int32_t mode);
+  // Cells in memory, row by row: the lowest Y first, for storage sense -2 the highest. They must
+  // outlive this object; holds_cells must hold for them.
+  CellRows(std::span<const float> cells, const grid_description& grid, std::int32_t mode);
+
+  // The cells of columns first to last of a row. Rows and columns count from 1; those off the
+  // lattice hold dummies. Valid until a row is asked for that lies a multiple of four rows away,
+  // or other columns of the same row.
+  //   spare  columns to read beyond either end, if the stretch must be read at all.
+  const float* stretch(std::int64_t row, std::int32_t first, std::int32_t last, std::int32_t spare);
+
+ private:
+  static constexpr std::int64_t no_row = -1000;
+
+  struct slot {
+    std::int64_t row = no_row;
+    std::int32_t first = 0;  // columns first to last are held
+    std::int32_t last = 0;
+    std::vector<float> cells;
+  };
+
+  void fill(std::int64_t row, slot& kept) const;
+  void read_cells(std::int32_t row, std::int32_t first, std::span<float> cells) const;
+
+  platform::BinaryFile file_;      // open in file mode
+  std::span<const float> memory_;  // used when it is not
+  RowLayout layout_;
+  std::int32_t mode_;
+  std::array<slot, 4> slots_;
+};
+
+// Whether `cells` holds all the cells that the description speaks of, counts and cell sizes sound.
+[[nodiscard]] bool holds_cells(std::span<const float> cells, const grid_description& grid) noexcept;
+
+}  // namespace velmorankite

@@ -1,0 +1,49 @@
+// Values as logarithms, so that a quantity that spans decades interpolates and rotates smoothly.
+// SPDX-License-Identifier: MIT
+#pragma once
+#include <cmath>
+#include <cstdint>
+
+namespace velmorankite {
+
+// Modes of the routines that resample. Any other mode takes values as they are.
+inline constexpr std::int32_t mode_logarithmic = 2;  // ln z, and a floor for z not above 0
+inline constexpr std::int32_t mode_log_linear = 3;   // linear from -1 to 1, logarithmic beyond
+
+inline constexpr float logarithm_floor = -18.0F;  // stands for the logarithm of 0 and below
+
+[[nodiscard]] constexpr bool is_transformed(std::int32_t mode) noexcept {
+  return mode == mode_logarithmic || mode == mode_log_linear;
+}
+
+// The transformed value of a valid cell. Evaluated in double precision and rounded to single.
+[[nodiscard]] inline float transform_value(std::int32_t mode, float z) noexcept {
+  const double value = z;
+  if (mode == mode_logarithmic) {
+    return z > 0.0F ? static_cast<float>(std::log(value)) : logarithm_floor;
+  }
+  if (mode == mode_log_linear && z > 1.0F) {
+    return static_cast<float>(1.0 + std::log(value));
+  }
+  if (mode == mode_log_linear && z < -1.0F) {
+    return static_cast<float>(-1.0 - std::log(-value));
+  }
+  return z;
+}
+
+// The value whose transformed value is `t`.
+[[nodiscard]] inline float restore_value(std::int32_t mode, float t) noexcept {
+  const double value = t;
+  if (mode == mode_logarithmic) {
+    return static_cast<float>(std::exp(value));
+  }
+  if (mode == mode_log_linear && t > 1.0F) {
+    return static_cast<float>(std::exp(value - 1.0));
+  }
+  if (mode == mode_log_linear && t < -1.0F) {
+    return static_cast<float>(-std::exp(-value - 1.0));
+  }
+  return t;
+}
+
+}  // namespace velmorankite
