@@ -59,33 +59,6 @@ extern "C" void remove_scratch_and_end(int signal_number) {
   std::raise(signal_number);
 }
 
-constexpr int scratch_name_count = 257;
-
-// "~<name>0000.tmp" beside the target, with the first free number.
-std::pair<ScratchFile, BinaryFile> open_beside(const std::filesystem::path& target) {
-  for (int number = 0; number < scratch_name_count; ++number) {
-    std::array<char, 16> digits{};
-    std::snprintf(digits.data(), digits.size(), "%04d.tmp", number);
-    std::string scratch_name(1, '~');
-    scratch_name += target.filename().string();
-    scratch_name += digits.data();
-    std::filesystem::path name = target;
-    name.replace_filename(scratch_name);
-    const file_handle handle = current_system().open(name, open_mode::create_new);
-    if (handle == -EEXIST) {
-      continue;
-    }
-    if (handle < 0) {
-      throw IoError(target, system_reason("cannot be written", -handle));
-    }
-    current_system().close(handle);
-    ScratchFile scratch(name);
-    BinaryFile file(name, open_mode::read_write);
-    return {std::move(scratch), std::move(file)};
-  }
-  throw IoError(target, "no free scratch name beside it: 257 are taken");
-}
-
 // A link is followed, so that the result replaces what it names and not the link.
 std::filesystem::path resolved_target(const std::filesystem::path& target) {
   std::error_code failure;
@@ -143,10 +116,37 @@ void ScratchFile::forget() noexcept {
   path_.clear();
 }
 
+std::filesystem::path scratch_name(const std::filesystem::path& stem, int number) {
+  std::array<char, 16> digits{};
+  std::snprintf(digits.data(), digits.size(), "%04d.tmp", number);
+  std::filesystem::path name = stem;
+  name += digits.data();
+  return name;
+}
+
+ScratchFile create_scratch(const std::filesystem::path& stem, const std::filesystem::path& told) {
+  for (int number = 0; number < scratch_name_count; ++number) {
+    const std::filesystem::path name = scratch_name(stem, number);
+    const file_handle handle = current_system().open(name, open_mode::create_new);
+    if (handle >= 0) {
+      current_system().close(handle);
+      return ScratchFile(name);
+    }
+    if (handle != -EEXIST) {
+      throw IoError(told, system_reason("cannot be written", -handle));
+    }
+  }
+  std::string reason = "no free scratch name: all of ";
+  reason += scratch_name(stem, 0).string() + " to ";
+  reason += scratch_name(stem, scratch_name_count - 1).string() + " are taken";
+  throw IoError(told, reason);
+}
+
 StagedFile::StagedFile(const std::filesystem::path& target) : target_(resolved_target(target)) {
-  auto [scratch, file] = open_beside(target_);
-  scratch_ = std::move(scratch);
-  file_ = std::move(file);
+  std::string stem(1, '~');
+  stem += target_.filename().string();
+  scratch_ = create_scratch(target_.parent_path() / stem, target_);
+  file_ = BinaryFile(scratch_.path(), open_mode::read_write);
 }
 
 void StagedFile::commit() {

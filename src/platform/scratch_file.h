@@ -34,6 +34,16 @@ class ScratchFile {
   std::size_t slot_ = no_slot;
 };
 
+// Scratch names: a stem, four digits, ".tmp". A stem has this many of them, from 0000 on.
+inline constexpr int scratch_name_count = 257;
+[[nodiscard]] std::filesystem::path scratch_name(const std::filesystem::path& stem, int number);
+
+// Creates an empty file under the first free scratch name of `stem`, in one step with the test, so
+// that two runs in one folder never take the same. Throws IoError with the path `told` if the
+// folder cannot be written or if all names are taken.
+[[nodiscard]] ScratchFile create_scratch(const std::filesystem::path& stem,
+                                         const std::filesystem::path& told);
+
 // A result that appears under its name only when it is complete: it is written beside it under
 // a scratch name and moved into place by commit(). Without commit() nothing of it stays.
 class StagedFile {
