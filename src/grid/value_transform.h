@@ -46,4 +46,10 @@ inline constexpr float logarithm_floor = -18.0F;  // stands for the logarithm of
   return t;
 }
 
+// Transforms one value in place; a value that is not valid stays as it is.
+//   mode       2 or 3; any other leaves the value as it is.
+//   direction  0 or above: transform; below 0: restore. A value that mode 2 had no logarithm for
+//              comes back as e to the power of the floor.
+void GRDZTRANS(std::int32_t mode, float& value, std::int32_t direction) noexcept;
+
 }  // namespace velmorankite

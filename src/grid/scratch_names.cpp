@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#include "grid/scratch_names.h"
+
+#include <filesystem>
+
+#include "platform/file_tests.h"
+
+namespace velmorankite {
+namespace {
+
+std::filesystem::path stem_of(std::string_view name) {
+  const std::size_t last = name.find_last_not_of(' ');
+  return last == std::string_view::npos ? default_scratch_stem : name.substr(0, last + 1);
+}
+
+}  // namespace
+
+Status GRDTMPNAME(std::string& name) {
+  const std::filesystem::path stem = stem_of(name);
+  for (int number = 0; number < platform::scratch_name_count; ++number) {
+    const std::filesystem::path candidate = platform::scratch_name(stem, number);
+    name = candidate.string();
+    if (!platform::file_exists(candidate)) {
+      return success;
+    }
+  }
+  return scratch_names_taken;
+}
+
+platform::ScratchFile new_scratch(std::string_view stem) {
+  const std::filesystem::path path = stem_of(stem);
+  return platform::create_scratch(path, path);
+}
+
+}  // namespace velmorankite
