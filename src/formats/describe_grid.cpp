@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "formats/description_checks.h"
 #include "formats/header_readers.h"
 #include "formats/recognition.h"
 #include "formats/text_helpers.h"
@@ -13,23 +14,9 @@
 namespace velmorankite {
 namespace {
 
-constexpr std::size_t longest_extension = 16;
-
 std::string_view without_trailing_blanks(std::string_view name) {
   const std::size_t last = name.find_last_not_of(' ');
   return last == std::string_view::npos ? std::string_view() : name.substr(0, last + 1);
-}
-
-// A dot in a directory is no extension.
-std::string extension_of(const std::filesystem::path& path) {
-  const std::string name = path.filename().string();
-  const std::size_t dot = name.rfind('.');
-  if (dot == std::string::npos) {
-    return {};
-  }
-  std::string extension = name.substr(dot, longest_extension);
-  FUPPER(extension);
-  return extension;
 }
 
 std::filesystem::path header_beside(const std::filesystem::path& path) {
@@ -127,6 +114,12 @@ Status GRDRDH(std::string_view file_name, grid_description& grid, grid_texts& te
   }
   if (const Status status = read_header(*reader, file, grid, texts); status.failed()) {
     return status;
+  }
+  // The users of a plain standard grid hold it against its file when they open it.
+  if (!is_plain_standard(grid.ints)) {
+    if (const Status status = check_description(grid, file.size); status.failed()) {
+      return status;
+    }
   }
   complete(grid);
   return success;

@@ -1,7 +1,9 @@
 // The readers of the formats' headers, one row of a table each.
 // SPDX-License-Identifier: MIT
 #pragma once
+#include <cstddef>
 #include <cstdint>
+#include <span>
 
 #include "formats/grid_description.h"
 #include "formats/recognition.h"
@@ -32,17 +34,19 @@ struct format_reader {
   std::int32_t format_code;
   header_access access;
   header_reader read;
+  bool (*applies)(const grid_ints& ints) = nullptr;  // where a format has headers of two kinds
 };
 
-// The row of a format; nullptr for one whose header cannot be read.
+// The row for what the recognition left in the description; nullptr for a format whose header
+// cannot be read.
 [[nodiscard]] const format_reader* find_reader(const grid_description& grid);
 
-// The plain standard grid. A file shorter than its header throws IoError.
-Status read_standard_header(header_source& source, grid_description& grid, grid_texts& texts);
+// Reads bytes of a binary header, from a position that counts from 1; false if the file ends
+// before. Throws IoError for a read that fails.
+[[nodiscard]] bool read_header_bytes(const header_source& source, std::int64_t position,
+                                     std::span<std::byte> bytes);
 
-// Whether the stored lines of a grid of this sense are columns.
-[[nodiscard]] constexpr bool stores_columns(std::int32_t storage_sense) noexcept {
-  return storage_sense == -1 || storage_sense == 2 || storage_sense == -3 || storage_sense == 4;
-}
+// The plain standard grid.
+Status read_standard_header(header_source& source, grid_description& grid, grid_texts& texts);
 
 }  // namespace velmorankite

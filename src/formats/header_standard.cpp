@@ -7,6 +7,8 @@
 #include <cstdlib>
 
 #include "formats/header_readers.h"
+#include "formats/header_status.h"
+#include "formats/stored_lines.h"
 #include "grid/cell_position.h"
 #include "grid/standard_header.h"
 #include "platform/byte_order.h"
@@ -35,7 +37,7 @@ void read_statistics(const std::byte* words, std::int32_t element_size, grid_des
   const std::int32_t kind = grid.ints.element_kind;
   grid_reals& reals = grid.reals;
   const bool unknown = statistics_unknown(words, kind, element_size);
-  const auto true_value = [&](int index) {
+  const auto true_value = [&](std::size_t index) {
     const std::byte* const word = words + 4 * index;
     const double stored = kind == kind_float ? static_cast<double>(load<float>(word))
                                              : static_cast<double>(load<std::int32_t>(word));
@@ -68,8 +70,10 @@ void place_lattice(std::int32_t per_row, std::int32_t rows, double spacing, doub
 
 Status read_standard_header(header_source& source, grid_description& grid, grid_texts&) {
   std::array<std::byte, standard_header_bytes> bytes{};
-  source.binary->read(1, bytes);
-  const std::int32_t element_size = load<std::int8_t>(&bytes[0]);
+  if (!read_header_bytes(source, 1, bytes)) {
+    return header_too_short;
+  }
+  const auto element_size = static_cast<std::int32_t>(load<std::int8_t>(&bytes[0]));
   const bool compressed = load<std::int8_t>(&bytes[1]) >= 1;
 
   grid.ints.data_offset = standard_header_bytes;

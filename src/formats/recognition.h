@@ -4,8 +4,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
-#include <span>
 #include <string>
+#include <string_view>
 
 #include "formats/grid_description.h"
 #include "grid/status.h"
@@ -22,8 +22,17 @@ struct grid_file {
   std::int64_t size = 0;  // bytes
 };
 
-// Sets format_code, and for some formats layout fields. Status: success, format_unknown,
-// first_bytes_unreadable.
+// A file's own name: what stands behind the last "/" or "\" of a path.
+[[nodiscard]] std::string_view own_name(std::string_view path) noexcept;
+
+// The extension of a file's own name, as grid_file holds it; a dot in a directory is none.
+[[nodiscard]] std::string extension_of(const std::filesystem::path& path);
+
+// Sets format_code, and for some formats layout fields that choose the reader:
+//   data_offset   standard grid: 36 for the record layout; tiles of one degree: 0 where the header
+//                 is the file's name
+//   element_code  Surfer 6: 1 for text, 4 for binary
+// Status: success, format_unknown, first_bytes_unreadable.
 Status recognise_format(const grid_file& file, grid_description& grid);
 
 }  // namespace velmorankite

@@ -4,8 +4,10 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <limits>
 #include <string>
 
+#include "formats/header_status.h"
 #include "grid/grid_rows.h"
 #include "platform/io_error.h"
 #include "support/grids.h"
@@ -128,6 +130,31 @@ TEST_F(StandardGrid, names_and_files_that_are_no_grid_have_their_own_status) {
   write_file(folder / "other.grd", std::string(600, 'x'));
   EXPECT_EQ(status_of((folder / "other.grd").string()), format_unknown);
   EXPECT_EQ(status_of(path.string() + std::string(1, '\0') + "   "), success);
+}
+
+TEST_F(StandardGrid, a_file_that_ends_inside_its_header_is_refused) {
+  const std::string bytes = read_file(path);
+  for (std::size_t length = 256; length < 512; ++length) {
+    write_file(path, bytes.substr(0, length));
+    EXPECT_EQ(status_of(path.string()), header_too_short) << length;
+  }
+}
+
+TEST_F(StandardGrid, what_goes_through_the_conversion_needs_counts_and_cell_sizes) {
+  put<std::int16_t>(0, 1028);
+  EXPECT_EQ(status_of(path.string()), success);
+  put(20, std::numeric_limits<double>::quiet_NaN());
+  EXPECT_EQ(status_of(path.string()), cell_size_unsound);
+  put(20, 0.1);
+  put(28, -30.0);
+  EXPECT_EQ(status_of(path.string()), cell_size_unsound);
+  put(28, 30.0);
+  put(36, std::numeric_limits<double>::infinity());
+  EXPECT_EQ(status_of(path.string()), limits_unsound);
+  put(8, 0x7FFFFFFF);
+  EXPECT_EQ(status_of(path.string()), counts_unsound);
+  put(8, 0);
+  EXPECT_EQ(status_of(path.string()), counts_unsound);
 }
 
 TEST_F(StandardGrid, rows_are_read_only_from_files_that_hold_what_the_header_says) {

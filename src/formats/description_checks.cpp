@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#include "formats/description_checks.h"
+
+#include <cmath>
+#include <limits>
+
+#include "formats/header_status.h"
+#include "formats/stored_lines.h"
+
+namespace velmorankite {
+namespace {
+
+bool is_cell_size(double value) {
+  return std::isfinite(value) && value > 0.0;
+}
+
+bool file_holds_cells(const grid_ints& ints, const stored_lines& lines, std::int64_t file_size) {
+  // Both factors are below 2^31, so that the sum stays below 2^63.
+  return ints.data_offset + lines.stride * lines.count <= file_size;
+}
+
+}  // namespace
+
+Status check_description(const grid_description& grid, std::int64_t file_size) {
+  const grid_ints& ints = grid.ints;
+  const grid_reals& reals = grid.reals;
+  const stored_lines lines = stored_lines_of(ints);
+  constexpr std::int64_t longest_line = std::numeric_limits<std::int32_t>::max();
+  if (ints.x_count < 1 || ints.y_count < 1 || lines.stride > longest_line) {
+    return counts_unsound;
+  }
+  if (!is_cell_size(reals.x_cell) || !is_cell_size(reals.y_cell)) {
+    return cell_size_unsound;
+  }
+  for (const double limit : {reals.x_min, reals.x_max, reals.y_min, reals.y_max}) {
+    if (!std::isfinite(limit)) {
+      return limits_unsound;
+    }
+  }
+  if (!has_cells_in_place(ints)) {
+    return success;
+  }
+  if (ints.data_offset < 0 || ints.data_offset > file_size) {
+    return pointer_outside;
+  }
+  return file_holds_cells(ints, lines, file_size) ? success : cells_missing;
+}
+
+}  // namespace velmorankite
