@@ -9,6 +9,7 @@
 #include "condition/line_ends.h"
 #include "grid/dummy.h"
 #include "grid/grid_rows.h"
+#include "platform/padded_text.h"
 
 namespace velmorankite {
 namespace {
@@ -81,7 +82,8 @@ Status GRID_DETREND_PLANE(fit_scope scope, std::string_view input_name,
     return detrend_input_unreadable;
   }
   std::optional<detrend_outputs> outputs;
-  if (const std::filesystem::path output = trimmed(output_name); !output.empty()) {
+  if (const std::filesystem::path output = platform::without_padding(output_name);
+      !output.empty()) {
     const Status status = open_detrend_outputs(
         output, trend_path(output, "_WDtmp", "_trend.grd"), input->layout,
         [&](platform::BinaryFile& file) {

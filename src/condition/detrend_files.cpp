@@ -8,6 +8,7 @@
 #include "formats/describe_grid.h"
 #include "grid/dummy.h"
 #include "platform/io_error.h"
+#include "platform/padded_text.h"
 
 namespace velmorankite {
 namespace {
@@ -39,11 +40,6 @@ void remove_plane(const line_end_pair& ends, double y, double x_cell, const plan
 
 }  // namespace
 
-std::string_view trimmed(std::string_view name) noexcept {
-  const std::size_t last = name.find_last_not_of(' ');
-  return last == std::string_view::npos ? std::string_view() : name.substr(0, last + 1);
-}
-
 std::optional<detrend_input> open_detrend_input(std::string_view name) {
   detrend_input input;
   grid_texts texts;
@@ -51,7 +47,7 @@ std::optional<detrend_input> open_detrend_input(std::string_view name) {
     return std::nullopt;
   }
   try {
-    input.file = platform::BinaryFile(trimmed(name), platform::open_mode::read);
+    input.file = platform::BinaryFile(platform::without_padding(name), platform::open_mode::read);
   } catch (const platform::IoError&) {
     return std::nullopt;
   }

@@ -35,9 +35,6 @@ struct detrend_outputs {
   RowLayout layout;
 };
 
-// The name without its trailing blanks; empty for a blank name.
-[[nodiscard]] std::string_view trimmed(std::string_view name) noexcept;
-
 // Nothing if the grid cannot be described or opened. Throws IoError for a grid that is not what
 // its header says.
 [[nodiscard]] std::optional<detrend_input> open_detrend_input(std::string_view name);

@@ -11,6 +11,7 @@
 #include "condition/line_ends.h"
 #include "grid/dummy.h"
 #include "grid/grid_rows.h"
+#include "platform/padded_text.h"
 
 namespace velmorankite {
 namespace {
@@ -73,7 +74,7 @@ Status GRID_DETREND_OLD(std::string_view input_name, std::string_view output_nam
   if (!input) {
     return detrend_input_unreadable;
   }
-  const std::filesystem::path output = trimmed(output_name);
+  const std::filesystem::path output = platform::without_padding(output_name);
   if (output.empty()) {
     return detrend_residual_unwritable;
   }

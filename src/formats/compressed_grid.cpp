@@ -15,6 +15,7 @@
 #include "platform/binary_file.h"
 #include "platform/byte_order.h"
 #include "platform/io_error.h"
+#include "platform/padded_text.h"
 #include "platform/scratch_file.h"
 
 namespace velmorankite {
@@ -242,11 +243,6 @@ Status expand_blocks(expansion& job) {
   return success;
 }
 
-std::string_view trimmed(std::string_view name) {
-  const std::size_t last = name.find_last_not_of(' ');
-  return last == std::string_view::npos ? std::string_view() : name.substr(0, last + 1);
-}
-
 // Opens by `open`, or gives nothing where that fails.
 template <typename Open>
 auto attempt(Open open) -> std::optional<decltype(open())> {
@@ -261,15 +257,17 @@ auto attempt(Open open) -> std::optional<decltype(open())> {
 
 Status EXPUNCOMPGRID(std::string_view input_name, std::string_view output_name,
                      chunk_expander expand) {
-  if (trimmed(input_name).empty() || trimmed(output_name).empty()) {
+  if (platform::without_padding(input_name).empty() ||
+      platform::without_padding(output_name).empty()) {
     return expand_name_blank;
   }
-  const auto input =
-      attempt([&] { return BinaryFile(trimmed(input_name), platform::open_mode::read); });
+  const auto input = attempt(
+      [&] { return BinaryFile(platform::without_padding(input_name), platform::open_mode::read); });
   if (!input) {
     return expand_input_unopened;
   }
-  auto staged = attempt([&] { return platform::StagedFile(trimmed(output_name)); });
+  auto staged =
+      attempt([&] { return platform::StagedFile(platform::without_padding(output_name)); });
   if (!staged) {
     return expand_output_unopened;
   }

@@ -11,6 +11,7 @@
 #include "grid/dummy.h"
 #include "grid/grid_rows.h"
 #include "platform/io_error.h"
+#include "platform/padded_text.h"
 #include "platform/scratch_file.h"
 
 namespace velmorankite {
@@ -18,11 +19,6 @@ namespace {
 
 constexpr float euler_number = 2.7182817F;  // bits 0x402DF854
 constexpr std::int64_t stat_min_position = 161;
-
-std::string_view trimmed(std::string_view name) {
-  const std::size_t last = name.find_last_not_of(' ');
-  return last == std::string_view::npos ? std::string_view() : name.substr(0, last + 1);
-}
 
 float undo_transform(std::int32_t transform, float v) {
   if (transform == 2) {
@@ -84,11 +80,11 @@ Status GEOOUT(std::string_view name, const float_source& source, const Lattice& 
               std::int32_t sense, float input_dummy, std::int32_t transform, float& z_min,
               float& z_max) {
   constexpr std::size_t shortest_name = 3;
-  if (trimmed(name).size() < shortest_name || !lattice_sound(lattice) ||
+  if (platform::without_padding(name).size() < shortest_name || !lattice_sound(lattice) ||
       !source_suffices(source, lattice)) {
     return geoout_failed;
   }
-  std::optional<platform::StagedFile> staged = stage(trimmed(name));
+  std::optional<platform::StagedFile> staged = stage(platform::without_padding(name));
   if (!staged) {
     return geoout_failed;
   }
@@ -216,7 +212,7 @@ Status GEOOUTI2(std::string_view name, const int16_source& source, const Lattice
   if (!lattice_sound(lattice) || !source_suffices(source, lattice)) {
     return geoout_failed;
   }
-  std::string_view path = trimmed(name);
+  std::string_view path = platform::without_padding(name);
   if (path.size() < 2) {
     path = "outfile.grd";
   }
