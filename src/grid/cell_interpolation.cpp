@@ -6,15 +6,11 @@
 #include <cstddef>
 
 #include "formats/text_helpers.h"
-#include "grid/catmull_rom.h"
 #include "grid/dummy.h"
 #include "grid/value_transform.h"
 
 namespace velmorankite {
 namespace {
-
-// Points no further than this from a cell centre, |x| + |y| in cells, take the cell's own value.
-constexpr double on_cell = static_cast<double>(0.01F);
 
 // Columns that are read beside a single point, since its neighbours often come next.
 constexpr std::int32_t columns_to_spare = 125;
@@ -31,48 +27,62 @@ CellInterpolator::CellInterpolator(std::span<const float> cells, const grid_desc
 
 void CellInterpolator::points(std::span<const double> x, std::span<const double> y,
                               std::span<float> values) {
+  const bool one_row = std::ranges::all_of(y, [&](double other) { return other == y.front(); });
+  if (one_row && !y.empty()) {
+    row(x, y.front(), values);
+    return;
+  }
   for (std::size_t i = 0; i < values.size(); ++i) {
     const bool inside = x_axis_.contains(x[i]) && y_axis_.contains(y[i]);
     values[i] = inside ? value_at(x_axis_.place(x[i]), y_axis_.place(y[i])) : dummy;
   }
+  finish(values);
 }
 
 void CellInterpolator::row(std::span<const double> x, double y, std::span<float> values) {
-  if (!y_axis_.contains(y)) {
+  plan_.make(x_axis_, x);
+  if (!y_axis_.contains(y) || plan_.begin == plan_.end) {
     std::ranges::fill(values, dummy);
     return;
   }
   const AxisPlace place = y_axis_.place(y);
-  for (std::size_t i = 0; i < values.size(); ++i) {
-    values[i] = x_axis_.contains(x[i]) ? value_at(x_axis_.place(x[i]), place) : dummy;
+  const auto cells_of = [&](std::int64_t row) {
+    return rows_.stretch(row, plan_.first_column, plan_.last_column, 0);
+  };
+  if (std::fabs(place.offset) + plan_.furthest < on_cell) {
+    copy_nearest(cells_of(place.nearest), plan_, values);
+  } else {
+    const std::int64_t base = place.base();
+    const four_rows rows = {cells_of(base - 1), cells_of(base), cells_of(base + 1),
+                            cells_of(base + 2)};
+    interpolate_row(rows, plan_, place, scratch_, values);
   }
+  finish(values);
 }
 
 float CellInterpolator::value_at(const AxisPlace& x, const AxisPlace& y) {
   const float nearest = *rows_.stretch(y.nearest, x.nearest, x.nearest, columns_to_spare);
   if (std::fabs(x.offset) + std::fabs(y.offset) < on_cell || !is_valid(nearest)) {
-    return finished(nearest);
+    return nearest;
   }
-  CellBlock block;
-  for (int r = -1; r <= 2; ++r) {
-    const float* const cells =
-        rows_.stretch(std::int64_t{y.base()} + r, x.base() - 1, x.base() + 2, columns_to_spare);
-    std::copy_n(cells, 4, block.f[r + 1]);
+  four_rows rows;
+  for (int r = 0; r < 4; ++r) {
+    rows[static_cast<std::size_t>(r)] =
+        rows_.stretch(std::int64_t{y.base()} + r - 1, x.base() - 1, x.base() + 2, columns_to_spare);
   }
-  patch_holes(block, nearest);
-  const auto column = [&](int c) {
-    return column_value(block.at(-1, c), block.at(0, c), block.at(1, c), block.at(2, c),
-                        y.fraction());
-  };
-  return finished(row_value(column(-1), column(0), column(1), column(2), x.fraction()));
+  return interpolate_patched(rows, nearest, x.fraction(), y.fraction());
 }
 
-// What is handed out for an interpolated or a plain value, empty ones among them.
-float CellInterpolator::finished(float value) const noexcept {
-  if (is_valid(value)) {
-    return is_transformed(mode_) ? restore_value(mode_, value) : value;
+// Makes plain values of transformed ones, and a dummy of what is not a number.
+void CellInterpolator::finish(std::span<float> values) const noexcept {
+  for (float& value : values) {
+    value = std::isnan(value) ? dummy : value;
   }
-  return std::isnan(value) ? dummy : value;
+  if (is_transformed(mode_)) {
+    for (float& value : values) {
+      value = is_valid(value) ? restore_value(mode_, value) : value;
+    }
+  }
 }
 
 Status GEO_CELL_INTERPOLATION(std::int32_t source_flag, std::string_view path,

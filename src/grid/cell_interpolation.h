@@ -8,7 +8,9 @@
 
 #include "formats/grid_description.h"
 #include "grid/cell_rows.h"
+#include "grid/column_plan.h"
 #include "grid/grid_axis.h"
+#include "grid/row_interpolation.h"
 #include "grid/status.h"
 
 namespace velmorankite {
@@ -46,12 +48,14 @@ class CellInterpolator {
 
  private:
   float value_at(const AxisPlace& x, const AxisPlace& y);
-  [[nodiscard]] float finished(float value) const noexcept;
+  void finish(std::span<float> values) const noexcept;
 
   CellRows rows_;
   GridAxis x_axis_;
   GridAxis y_axis_;
   std::int32_t mode_;
+  ColumnPlan plan_;
+  RowScratch scratch_;
 };
 
 // Resamples a grid at points, all in one call.
