@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "merge/stitch_parameters.h"
 
-#include <array>
-#include <charconv>
 #include <cmath>
 #include <string_view>
 
+#include "platform/number_text.h"
+
 namespace velmorankite {
 namespace {
+
+using platform::shortest;
 
 // A row of the output grid must stay below 2 GiB, as the rows of every standard grid.
 constexpr std::int32_t longest_row = 0x7FFFFFFF / 4;
@@ -20,13 +22,6 @@ struct parameter_rule {
   bool holds;
   std::string_view expected;
 };
-
-template <typename T>
-std::string shortest(T value) {
-  std::array<char, 32> text{};
-  const auto result = std::to_chars(text.data(), text.data() + text.size(), value);
-  return {text.data(), result.ptr};
-}
 
 template <typename T>
 parameter_rule finite(int line, std::string_view field, T value) {
