@@ -11,20 +11,10 @@
 #include "grid/status.h"
 #include "merge/stitch_line.h"
 #include "merge/stitch_parameters.h"
+#include "merge/working_window.h"
 #include "platform/large_array.h"
 
 namespace velmorankite {
-
-// The part of the output lattice that the stitch works on.
-struct working_window {
-  Lattice lattice;     // of the window: its origin is that of its first cell
-  double x_max = 0.0;  // limits, which samples of the line may reach
-  double y_max = 0.0;
-  std::int32_t first_column = 1;  // on the output lattice, from 1
-  std::int32_t last_column = 0;
-  std::int32_t first_row = 1;
-  std::int32_t last_row = 0;
-};
 
 // Weights of the cells that are no blend. The dummy marks a cell outside the band.
 inline constexpr float weight_grid_1 = -2.0F;  // right of the line
