@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+#include "merge/seam_band.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <new>
+#include <utility>
+#include <vector>
+
+#include "merge/line_samples.h"
+#include "merge/line_segments.h"
+
+namespace velmorankite {
+namespace {
+
+std::string build(const stitch_parameters& parameters, const grid_description& adjusted,
+                  stitch_line& line, seam_band& band) {
+  if (std::string fault = snap_window(parameters, adjusted, line, band.window); !fault.empty()) {
+    return fault;
+  }
+  const Lattice& window = band.window.lattice;
+  band.closed = close_line(line, window.x_cell);
+  std::vector<line_segment> segments;
+  std::int32_t step_count = 0;
+  if (std::string fault = measure_segments(line, window.x_cell, segments, step_count);
+      !fault.empty()) {
+    return fault;
+  }
+  if (std::string fault =
+          sample_line(segments, step_count, band.window, band.sample_x, band.sample_y);
+      !fault.empty()) {
+    return fault;
+  }
+  band.weights = platform::LargeArray<float>(static_cast<std::size_t>(window.cell_count()));
+  fill_blend_weights(segments, window, parameters.blend_width, band_reach(parameters),
+                     band.weights.span());
+  return {};
+}
+
+}  // namespace
+
+Status build_seam_band(const stitch_parameters& parameters, const grid_description& grid_1,
+                       const grid_description& grid_2, stitch_line& line, seam_band& band,
+                       std::string& why) {
+  band = {};
+  std::string fault;
+  try {
+    fault = build(parameters, parameters.adjusted_grid == 0 ? grid_1 : grid_2, line, band);
+  } catch (const std::bad_alloc&) {
+    fault = "the working window of " + std::to_string(band.window.lattice.x_count) + " by " +
+            std::to_string(band.window.lattice.y_count) +
+            " cells and the samples of the line need more memory than there is";
+  }
+  if (fault.empty()) {
+    return success;
+  }
+  why = std::move(fault);
+  return seam_band_impossible;
+}
+
+}  // namespace velmorankite
