@@ -1,0 +1,188 @@
+// SPDX-License-Identifier: MIT
+#include "transform/fourn.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstddef>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "support/grids.h"
+
+namespace velmorankite {
+namespace {
+
+using dimension_list = std::vector<std::int32_t>;
+
+std::size_t words_of(const dimension_list& dimensions) {
+  std::size_t words = 2;
+  for (const std::int32_t n : dimensions)
+    words *= static_cast<std::size_t>(n);
+  return words;
+}
+
+std::vector<float> rough_data(std::size_t words) {
+  std::vector<float> data(words);
+  for (std::size_t i = 0; i < words; ++i) {
+    data[i] = std::sin(static_cast<float>(i * i % 1009)) * static_cast<float>(1 + i % 17);
+  }
+  return data;
+}
+
+std::size_t bit_reversed(std::size_t k, std::size_t n) {
+  std::size_t reversed = 0;
+  for (std::size_t bit = 1; bit < n; bit *= 2, k /= 2)
+    reversed = 2 * reversed + k % 2;
+  return reversed;
+}
+
+// One line of n elements, `step` complex numbers apart, by the textbook: reorder, then combine
+// pairs at growing distances, the factor going on by its recurrence.
+void textbook_line(float* line, std::size_t n, std::size_t step, int sign) {
+  const auto at = [&](std::size_t k) { return line + 2 * step * k; };
+  for (std::size_t k = 0; k < n; ++k) {
+    const std::size_t r = bit_reversed(k, n);
+    if (k < r) {
+      std::swap(at(k)[0], at(r)[0]);
+      std::swap(at(k)[1], at(r)[1]);
+    }
+  }
+  for (std::size_t m = 1; m < n; m *= 2) {
+    const double angle = sign * (6.28318530717959 / static_cast<double>(2 * m));
+    const double wpr = -2.0 * std::sin(0.5 * angle) * std::sin(0.5 * angle);
+    const double wpi = std::sin(angle);
+    double wr = 1.0;
+    double wi = 0.0;
+    for (std::size_t j = 0; j < m; ++j) {
+      const auto fr = static_cast<float>(wr);
+      const auto fi = static_cast<float>(wi);
+      for (std::size_t k = j; k < n; k += 2 * m) {
+        float* const a = at(k);
+        float* const b = at(k + m);
+        const float re = fr * b[0] - fi * b[1];
+        const float im = fr * b[1] + fi * b[0];
+        b[0] = a[0] - re;
+        b[1] = a[1] - im;
+        a[0] += re;
+        a[1] += im;
+      }
+      const double before = wr;
+      wr = wr * wpr - wi * wpi + wr;
+      wi = wi * wpr + before * wpi + wi;
+    }
+  }
+}
+
+void textbook(std::vector<float>& data, const dimension_list& dimensions, int sign) {
+  const std::size_t total = data.size() / 2;
+  std::size_t step = 1;
+  for (const std::int32_t length : dimensions) {
+    const auto n = static_cast<std::size_t>(length);
+    for (std::size_t first = 0; first < total; ++first) {
+      if (first / step % n == 0) textbook_line(data.data() + 2 * first, n, step, sign);
+    }
+    step *= n;
+  }
+}
+
+TEST(Fourn, rounds_as_the_textbook_loop_does_bit_for_bit) {
+  const dimension_list examples[] = {
+      {1},        {2},          {8},       {4096},     {32768},         {2, 4},     {1, 16},
+      {16, 1},    {4, 4},       {64, 32},  {8, 1024},  {1024, 8},       {512, 256}, {2, 2048},
+      {4, 8, 16}, {16, 2, 128}, {2, 2, 2}, {1, 1, 64}, {3 + 1, 1, 4, 2}};
+  for (const dimension_list& dimensions : examples) {
+    for (const int sign : {1, -1}) {
+      std::vector<float> expected = rough_data(words_of(dimensions));
+      std::vector<float> actual = expected;
+      textbook(expected, dimensions, sign);
+      ASSERT_EQ(FOURN(actual, dimensions, sign), success);
+      EXPECT_EQ(testing::first_difference(expected, actual), "")
+          << ::testing::PrintToString(dimensions) << " sign " << sign;
+    }
+  }
+}
+
+TEST(Fourn, zeros_of_both_signs_and_infinities_come_out_as_in_the_textbook_loop) {
+  const dimension_list dimensions{8, 8};
+  std::vector<float> expected(words_of(dimensions), -0.0F);
+  expected[5] = HUGE_VALF;
+  std::vector<float> actual = expected;
+  textbook(expected, dimensions, 1);
+  ASSERT_EQ(FOURN(actual, dimensions, 1), success);
+  for (std::size_t i = 0; i < expected.size(); ++i) {
+    EXPECT_EQ(std::signbit(expected[i]) && expected[i] == 0.0F,
+              std::signbit(actual[i]) && actual[i] == 0.0F);
+    EXPECT_EQ(std::isnan(expected[i]), std::isnan(actual[i])) << i;
+  }
+}
+
+TEST(Fourn, one_wave_gathers_in_one_element_of_the_forward_transform) {
+  const std::size_t nx = 16;
+  const std::size_t ny = 8;
+  std::vector<float> data(2 * nx * ny);
+  for (std::size_t j = 0; j < ny; ++j) {
+    for (std::size_t i = 0; i < nx; ++i) {
+      // exp(-2 pi i (3 i / 16 + 5 j / 8)): the forward exponent is the positive one.
+      const double phase = -2.0 * M_PI *
+                           (3.0 * static_cast<double>(i) / static_cast<double>(nx) +
+                            5.0 * static_cast<double>(j) / static_cast<double>(ny));
+      data[2 * (j * nx + i)] = static_cast<float>(std::cos(phase));
+      data[2 * (j * nx + i) + 1] = static_cast<float>(std::sin(phase));
+    }
+  }
+  const std::int32_t dimensions[] = {nx, ny};
+  ASSERT_EQ(FOURN(data, dimensions, 1), success);
+  for (std::size_t k = 0; k < nx * ny; ++k) {
+    EXPECT_NEAR(data[2 * k], k == 5 * nx + 3 ? 128.0 : 0.0, 1.0E-4) << k;
+    EXPECT_NEAR(data[2 * k + 1], 0.0, 1.0E-4) << k;
+  }
+}
+
+TEST(Fourn, forward_and_inverse_give_the_data_times_their_number) {
+  const dimension_list dimensions{64, 16, 4};
+  const std::vector<float> before = rough_data(words_of(dimensions));
+  std::vector<float> data = before;
+  ASSERT_EQ(FOURN(data, dimensions, 1), success);
+  ASSERT_EQ(FOURN(data, dimensions, -1), success);
+  for (std::size_t i = 0; i < data.size(); ++i) {
+    EXPECT_NEAR(data[i] / 4096.0F, before[i], 2.0E-5) << i;
+  }
+}
+
+TEST(Fourn, refuses_what_it_cannot_transform_and_leaves_the_data) {
+  struct example {
+    dimension_list dimensions;
+    std::int32_t sign;
+    Status status;
+  };
+  const example examples[] = {{{}, 1, fourn_bad_dimension},
+                              {{8, 0}, 1, fourn_bad_dimension},
+                              {{12}, 1, fourn_bad_dimension},
+                              {{-8}, 1, fourn_bad_dimension},
+                              {{-2147483647 - 1}, 1, fourn_bad_dimension},
+                              {{16, 8}, 1, fourn_short_array},
+                              {{1 << 30, 1 << 30, 1 << 30}, 1, fourn_short_array},
+                              {{8, 8}, 0, fourn_bad_sign},
+                              {{8, 8}, 2, fourn_bad_sign}};
+  const std::vector<float> before = rough_data(2 * 8 * 8);
+  for (const example& e : examples) {
+    std::vector<float> data = before;
+    EXPECT_EQ(FOURN(data, e.dimensions, e.sign), e.status)
+        << ::testing::PrintToString(e.dimensions);
+    EXPECT_EQ(data, before);
+  }
+}
+
+TEST(Fourn, words_behind_the_array_stay) {
+  std::vector<float> data(2 * 4 * 4 + 3, 1.0F);
+  const std::int32_t dimensions[] = {4, 4};
+  ASSERT_EQ(FOURN(data, dimensions, 1), success);
+  EXPECT_EQ(data[0], 16.0F);
+  EXPECT_EQ(data[32], 1.0F);
+  EXPECT_EQ(data[34], 1.0F);
+}
+
+}  // namespace
+}  // namespace velmorankite
