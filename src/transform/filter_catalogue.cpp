@@ -1,0 +1,168 @@
+// SPDX-License-Identifier: MIT
+#include "transform/filter_catalogue.h"
+
+#include <algorithm>
+#include <iterator>
+#include <optional>
+
+#include "transform/filter_steps.h"
+
+namespace velmorankite {
+namespace {
+
+using namespace steps;  // NOLINT(google-build-using-namespace): the tables are made of its words
+using P = filter_parameters;
+
+constexpr filter_step smoothing[] = {choice("Residual: Yes", "Residual: No", &P::Opt2), cutoff()};
+constexpr filter_step continuation[] = {real("Distance: ", &P::Par1), to_cells(&P::Par1)};
+constexpr filter_step vertical_gradient[] = {real("Order: ", &P::Par1), real("HF: ", &P::HiCut)};
+constexpr filter_step layer[] = {real("Top: ", &P::Par1), real("Thick: ", &P::Par2),
+                                 to_cells(&P::Par1), to_cells(&P::Par2)};
+constexpr filter_step reste[] = {integer("Polynomial Order: ", &P::Opt1),
+                                 real("UC dist: ", &P::Par1), to_cells(&P::Par1)};
+constexpr filter_step total_gradient[] = {
+    real("HF: ", &P::HiCut), choice("VI: Yes", "VI: No", &P::Opt2),
+    real("LF: ", &P::LoCut, &P::Opt2), set_to(&P::Par1, 1.0F)};
+constexpr filter_step euler[] = {
+    integer("Window step: ", &P::Opt1), real("Sensor height: ", &P::Par1),
+    real("Mag Background: ", &P::Par2), real("SI: ", &P::Par3),
+    real("Top limit: ", &P::Par4),      real("Bottom limit: ", &P::Par5),
+    real("Misfit %: ", &P::Par6),       set_to(&P::Par1, 1.0F)};
+constexpr filter_step spectral_slope[] = {integer("Window width: ", &P::HalfWidth),
+                                          integer("Window step: ", &P::Opt1)};
+constexpr filter_step angle_map[] = {call(name_angle_map), call(log_angle_map_source),
+                                     real("HF: ", &P::HiCut)};
+constexpr filter_step horizontal_magnitude[] = {cutoff()};
+constexpr filter_step vertical_integral[] = {real("Order: ", &P::Par1), real("LF: ", &P::LoCut),
+                                             choice("AS: Yes", "AS: No", &P::Opt2),
+                                             cutoff(&P::Opt2)};
+constexpr filter_step multilayer[] = {choice("Resid: Yes", "Resid: No", &P::Opt2),
+                                      real("Min level: ", &P::Par1),
+                                      real("Max level: ", &P::Par2),
+                                      real("Increment: ", &P::Par3),
+                                      real("Min gradient: ", &P::Par4),
+                                      to_cells(&P::Par1),
+                                      to_cells(&P::Par2),
+                                      to_cells(&P::Par3)};
+constexpr filter_step strike[] = {call(normalise_strike),
+                                  call(load_strike_operator),
+                                  real("Block: ", &P::Par1, &P::Road),
+                                  real("Roll-off: ", &P::Par2, &P::Road),
+                                  real("Crossline-filter: ", &P::Par3, &P::Road),
+                                  to_cells(&P::Par2, &P::Road),
+                                  call(widen_crossline, &P::Road)};
+constexpr filter_step tensor[] = {real("Azim: ", &P::Azim)};
+constexpr filter_step susceptibility[] = {real("Prism: ", &P::Par1), real("Susc depth: ", &P::Par2),
+                                          real("Field: ", &P::Par3), to_cells(&P::Par1),
+                                          to_cells(&P::Par2)};
+constexpr filter_step stabilisation =
+    choice("Stabilization Applied: Yes", "Stabilization Applied: No", &P::Opt2);
+constexpr filter_step directions[] = {call(log_field_direction), call(log_remanence),
+                                      stabilisation};
+constexpr filter_step pole[] = {call(log_field_direction), call(log_remanence), stabilisation,
+                                choice("Variable RTP: Yes", "Variable RTP: No", &P::Opt3)};
+constexpr filter_step ensemble[] = {real("Order: ", &P::Par1), real("Direction: ", &P::Par2),
+                                    real("Grid azim: ", &P::Azim), cutoff()};
+constexpr filter_step horizontal_gradient[] = {call(check_order), real("Order: ", &P::Par1),
+                                               real("Direction: ", &P::Par2),
+                                               real("Grid azim: ", &P::Azim), cutoff()};
+constexpr filter_step phase_flip[] = {call(normalise_phase_azimuth)};
+constexpr filter_step vrmi[] = {
+    call(log_field_direction),           stabilisation,
+    real("Layer thickness: ", &P::Par3), choice("Multilayer: Yes", "Multilayer: No", &P::Opt3),
+    to_cells(&P::Par3, &P::Opt3),        call(log_variable_vrmi)};
+
+using R = response_id;
+using D = operator_design;
+constexpr std::nullopt_t kept = std::nullopt;
+using S = direction_setup;
+constexpr std::uint8_t not_on_disk = road_convolution | road_memory;
+
+// index, response on the FFT roads, designer of a symmetric operator and the response it samples,
+// asymmetric operator, roads; title, short name, directions, what is loaded and logged.
+// clang-format off
+constexpr catalogue_row catalogue[] = {
+    {{100, R::smooth, D::window, R::none, false, all_roads},
+     "Smoothing filter", "Smoothing", S::none, smoothing},
+    {{101, R::continuation, D::sampled, R::continuation, true, all_roads},
+     "Continuation: ", "Continuation", S::none, continuation},
+    {{102, R::vertical_derivative, D::sampled, R::vertical_derivative, false, all_roads},
+     "Vert gradient: ", "VG", S::none, vertical_gradient},
+    {{103, R::magnetic_layer, D::sampled, R::magnetic_layer, false, all_roads},
+     "Magnetic layer extraction: ", "MLE", S::none, layer},
+    {{104, R::gravity_layer, D::sampled, R::gravity_layer, false, all_roads},
+     "Gravity layer extraction: ", "GLE", S::none, layer},
+    {{105, R::reste, D::sampled, R::reste, false, all_roads},
+     "Reste Residual: ", "Reste", S::none, reste},
+    {{106, R::vertical_derivative, D::sampled, R::vertical_derivative, false, all_roads},
+     "Total gradient: ", "AS", S::none, total_gradient},
+    {{107, R::none, D::sampled, R::vertical_derivative, false, all_roads},
+     "Euler decon: ", "ED", S::none, euler},
+    {{108, R::none, D::none, R::none, false, all_roads},
+     "Log spectral slope: ", "LogSpectralSlope", S::none, spectral_slope},
+    {{109, R::none, D::sampled, R::vertical_derivative, false, all_roads},
+     {}, kept, S::field_if_components, angle_map},
+    {{110, R::none, D::sampled, R::none, false, all_roads},
+     "Magnitude of horizontal gradient: ", "Magnitude_HG", S::none, horizontal_magnitude},
+    {{111, R::vertical_integral, D::sampled, R::vertical_integral, true, all_roads},
+     "Vertical integral: ", "VI", S::none, vertical_integral},
+    {{112, R::none, D::none, R::none, false, all_roads},
+     "Hole fill: ", "HoleFill", S::none, {}},
+    {{114, R::continuation, D::sampled, R::continuation, true, not_on_disk},
+     "Multilayer Continuation: ", "MLC", S::none, multilayer},
+    {{115, R::strike, D::strike, R::none, false, all_roads},
+     "Strike filter: ", "SF", S::none, strike},
+    {{116, R::tensor, D::none, R::none, false, all_roads},
+     "Tensor transform: ", "Tensor", S::axes, tensor},
+    {{117, R::apparent_susceptibility, D::none, R::none, false, all_roads},
+     "App susc: ", "AppSus", S::none, susceptibility},
+    {{200, R::none, D::none, R::none, false, all_roads}, {}, "", S::field, directions},
+    {{201, R::pole, D::none, R::none, true, all_roads},
+     "Reduction to the pole: ", "RTP", S::field, pole},
+    {{202, R::equator, D::none, R::none, true, all_roads},
+     "Reduction to the equator: ", "RTE", S::field, directions},
+    {{203, R::pseudo_gravity, D::none, R::none, true, all_roads},
+     "Mag pseudo gravity: ", "MagPseudoGrav", S::field, directions},
+    {{204, R::horizontal_derivative, D::none, R::none, true, all_roads},
+     "horizontal grad", "HG", S::derivative, horizontal_gradient},
+    {{205, R::none, D::none, R::none, false, not_on_disk}, {}, kept, S::derivative, ensemble},
+    {{206, R::horizontal_of_vertical_derivative, D::none, R::none, true, all_roads},
+     "grad d2dxdz: ", "DxDz", S::derivative, horizontal_gradient},
+    {{207, R::horizontal_of_vertical_derivative, D::none, R::none, true, all_roads},
+     "grad d2dydz: ", "DyDz", S::derivative, horizontal_gradient},
+    {{208, R::second_cross_derivative, D::none, R::none, true, all_roads},
+     "grad d2dxdy: ", "DzDz", S::derivative, horizontal_gradient},
+    {{209, R::horizontal_of_vertical_integral, D::none, R::none, true, all_roads},
+     "grad izdx/dy: ", "DxVI", S::derivative, horizontal_gradient},
+    {{210, R::vertical_derivative_of_integral, D::none, R::none, true, all_roads},
+     "grad izdz: ", "DzVI", S::derivative, horizontal_gradient},
+    {{211, R::phase_flip, D::none, R::none, true, all_roads},
+     "Phase flip: ", "PhaseFlip", S::derivative, phase_flip},
+    {{212, R::none, D::none, R::none, false, all_roads},
+     "TMI VRMI: ", "VRMI", S::field, vrmi},
+    {{filter_field_x, R::field_x, D::none, R::none, true, all_roads}, {}, kept, S::field, {}},
+    {{filter_field_y, R::field_y, D::none, R::none, true, all_roads}, {}, kept, S::field, {}},
+    {{filter_field_z, R::field_z, D::none, R::none, true, all_roads}, {}, kept, S::field, {}},
+};
+// clang-format on
+
+// Indices in the range that have no row of their own.
+constexpr catalogue_row identity{
+    {0, R::none, D::none, R::none, false, all_roads}, {}, "", S::none, directions};
+
+static_assert(std::ranges::is_sorted(catalogue, {},
+                                     [](const catalogue_row& row) { return row.traits.index; }));
+
+}  // namespace
+
+const catalogue_row& catalogue_row_of(std::int32_t index) noexcept {
+  const auto* const row = std::ranges::lower_bound(
+      catalogue, index, {}, [](const catalogue_row& entry) { return entry.traits.index; });
+  return row != std::end(catalogue) && row->traits.index == index ? *row : identity;
+}
+
+const filter_traits& traits_of(std::int32_t index) noexcept {
+  return catalogue_row_of(index).traits;
+}
+
+}  // namespace velmorankite
