@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: MIT
+#include "transform/responses.h"
+
+#include <array>
+#include <cstddef>
+
+#include "transform/directional_responses.h"
+#include "transform/magnetic_responses.h"
+#include "transform/radial_responses.h"
+
+namespace velmorankite {
+namespace {
+
+template <typename Response>
+void real_row(const filter_parameters& parameters, std::span<const double> u, double v,
+              std::span<double> out) {
+  const Response value(parameters);
+  for (std::size_t i = 0; i < u.size(); ++i) {
+    out[i] = value(u[i], v);
+  }
+}
+
+template <typename Response>
+void complex_row(const filter_parameters& parameters, std::span<const double> u, double v,
+                 std::span<complex_response> out) {
+  const Response value(parameters);
+  for (std::size_t i = 0; i < u.size(); ++i) {
+    out[i] = value(u[i], v);
+  }
+}
+
+// The vertical derivative of the vertical integral, both of order Par1.
+class RespDerivZOfIntegZ {
+ public:
+  explicit RespDerivZOfIntegZ(const filter_parameters& p) : derivative_(p), integral_(p) {}
+  double operator()(double u, double v) const { return derivative_(u, v) * integral_(u, v); }
+
+ private:
+  RespDerivZ derivative_;
+  RespIntegZ integral_;
+};
+
+void turn_to_y(filter_parameters& parameters) {
+  parameters.DirSin = 0.0;
+  parameters.DirCos = 1.0;
+}
+
+constexpr auto real = response_kind::real;
+constexpr auto complex = response_kind::complex;
+constexpr bool even = true;
+constexpr bool uneven = false;
+constexpr bool times_h = true;
+constexpr bool plain = false;
+
+// In the order of response_id.
+constexpr response responses[] = {
+    {},
+    {real, even, plain, false, real_row<RespSmooth>},
+    {real, even, plain, false, real_row<RespContinue>},
+    {real, even, times_h, false, real_row<RespDerivZ>},
+    {real, even, plain, false, real_row<RespIntegZ>},
+    {real, even, plain, false, real_row<RespMagLayer>},
+    {real, even, plain, false, real_row<RespGravLayer>},
+    {real, even, plain, false, real_row<RespReste>},
+    {real, uneven, plain, false, real_row<RespStrike>},
+    {real, uneven, plain, false, real_row<RespTensor>},
+    {real, even, plain, false, real_row<RespAppSusc>},
+    {complex, uneven, plain, false, nullptr, complex_row<RespRTP>},
+    {complex, uneven, plain, false, nullptr, complex_row<RespRTE>},
+    {complex, uneven, plain, false, nullptr, complex_row<RespPseudoGrav>},
+    {complex, uneven, plain, false, nullptr, complex_row<RespDerivH>},
+    {complex, uneven, plain, false, nullptr, complex_row<RespDerivHOf<RespDerivZ>>},
+    {complex, uneven, plain, false, nullptr, complex_row<RespDerivXY>, turn_to_y},
+    {complex, uneven, plain, false, nullptr, complex_row<RespDerivHOf<RespIntegZ>>},
+    {real, even, plain, false, real_row<RespDerivZOfIntegZ>},
+    {complex, uneven, plain, false, nullptr, complex_row<RespPhaseFlip>},
+    {complex, uneven, plain, true, nullptr, complex_row<RespFieldX>},
+    {complex, uneven, plain, true, nullptr, complex_row<RespFieldY>},
+    {complex, uneven, plain, true, nullptr, complex_row<RespFieldZ>},
+};
+static_assert(std::size(responses) == static_cast<std::size_t>(response_id::field_z) + 1);
+
+}  // namespace
+
+const response& response_of(response_id id) noexcept {
+  return responses[static_cast<std::size_t>(id)];
+}
+
+complex_response response_at(response_id id, const filter_parameters& parameters, double u,
+                             double v) {
+  const response& chosen = response_of(id);
+  complex_response value{1.0, 0.0};
+  if (chosen.real_row != nullptr) {
+    chosen.real_row(parameters, std::span(&u, 1), v, std::span(&value.re, 1));
+  } else if (chosen.complex_row != nullptr) {
+    chosen.complex_row(parameters, std::span(&u, 1), v, std::span(&value, 1));
+  }
+  return value;
+}
+
+}  // namespace velmorankite
