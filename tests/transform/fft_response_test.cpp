@@ -1,0 +1,211 @@
+// SPDX-License-Identifier: MIT
+#include "transform/fft_response.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cmath>
+#include <cstddef>
+#include <thread>
+#include <vector>
+
+#include "transform/fourn.h"
+#include "transform/responses.h"
+
+namespace velmorankite {
+namespace {
+
+constexpr std::int32_t nx = 32;
+constexpr std::int32_t ny = 16;
+
+filter_parameters parameters_of(std::int32_t filter, float par_1 = 1.0F) {
+  filter_parameters p;
+  const std::array<std::int32_t, integer_parameters> integers{3, 0, 0};
+  // A thickness or a depth below 200, an inclination from there on.
+  const float par_2 = filter < 200 ? 2.0F : 55.0F;
+  const std::array<float, real_parameters> reals{par_1, par_2, 20.0F, 70.0F};
+  if (filter <= last_filter) {
+    EXPECT_FALSE(TRSFLT(filter, 3, 2, 1, 0.4F, 0.3F, 15.0F, integers, reals, 1.0, 1.0, p,
+                        [](std::string_view) {})
+                     .failed());
+  } else {
+    p.Par1 = par_1;
+    p.Par2 = 55.0F;
+    MAGDIRCOS(p);
+  }
+  return p;
+}
+
+// cos(2 pi (u x + v y) - lag), x towards the east, y towards the north, rows from the north.
+std::vector<float> wave(double u, double v, double size, double lag) {
+  std::vector<float> array(std::size_t{2} * nx * ny);
+  for (std::int32_t j = 0; j < ny; ++j) {
+    for (std::int32_t i = 0; i < nx; ++i) {
+      array[static_cast<std::size_t>(2 * (j * nx + i))] =
+          static_cast<float>(size * std::cos(TwoPi * (u * i - v * j) - lag));
+    }
+  }
+  return array;
+}
+
+void transform(std::vector<float>& array, std::int32_t sign) {
+  const std::int32_t dimensions[] = {nx, ny};
+  ASSERT_EQ(FOURN(array, dimensions, sign), success);
+}
+
+std::vector<float> filtered(std::vector<float> array, std::int32_t filter, filter_parameters p) {
+  PowerSpectrum power;
+  transform(array, 1);
+  fftrsp(true, {nx, ny}, filter, p, array, power);
+  transform(array, -1);
+  return array;
+}
+
+// The factor of HiCut = 0.4 at a frequency.
+double ramp(double f) {
+  return f < 0.05 ? 1.0 : std::max(0.0, 1.0 - (f - 0.05) / 0.45);
+}
+
+TEST(FftResponse, a_wave_comes_out_times_the_value_of_its_response) {
+  const std::int32_t filters[] = {100, 101, 102, 103, 104, 105, 106, 110, 111,
+                                  114, 115, 116, 117, 118, 201, 202, 203, 204,
+                                  206, 207, 208, 209, 210, 211, 312, 313, 314};
+  for (const std::int32_t filter : filters) {
+    for (const auto& [kx, ky] : {std::pair{3, 2}, {3, -2}, {-5, 4}, {0, 3}, {7, 0}, {-12, -6}}) {
+      const double u = static_cast<double>(kx) / nx;
+      const double v = static_cast<double>(ky) / ny;
+      const filter_parameters p = parameters_of(filter);
+      complex_response value = response_at(traits_of(filter).response, p, u, v);
+      if (filter == 102 || filter == 106) value = ramp(std::hypot(u, v)) * value;
+      const std::vector<float> out = filtered(wave(u, v, 1.0, 0.6), filter, p);
+      // What the field components add at zero frequency is the same all over the grid.
+      const std::vector<float> re = wave(u, v, value.re, 0.6);
+      const std::vector<float> im = wave(u, v, -value.im, 0.6 + Pi / 2.0);
+      const float constant = filter > last_filter ? out[0] - re[0] - im[0] : 0.0F;
+      const double tolerance = 2.0E-5 * (1.0 + std::hypot(value.re, value.im));
+      for (std::size_t i = 0; i < out.size(); i += 2) {
+        ASSERT_NEAR(out[i], re[i] + im[i] + constant, tolerance)
+            << filter << " at " << kx << ", " << ky << ", element " << i / 2;
+        ASSERT_NEAR(out[i + 1], 0.0, tolerance) << filter;
+      }
+    }
+  }
+}
+
+TEST(FftResponse, every_element_takes_the_value_at_its_own_frequency) {
+  for (const std::int32_t filter : {100, 102, 115, 116, 201, 204, 312}) {
+    filter_parameters p = parameters_of(filter);
+    std::vector<float> array(std::size_t{2} * nx * ny);
+    for (std::size_t i = 0; i < array.size(); i += 2)
+      array[i] = 1.0F;
+    PowerSpectrum power;
+    fftrsp(false, {nx, ny}, filter, p, array, power);
+    for (std::int32_t j = 0; j < ny; ++j) {
+      for (std::int32_t i = filter > last_filter && j == 0 ? 1 : 0; i < nx; ++i) {
+        const double u = (i < nx / 2 ? i : i - nx) / -static_cast<double>(nx);
+        const double v = (j < ny / 2 ? j : j - ny) / static_cast<double>(ny);
+        complex_response value = response_at(traits_of(filter).response, p, u, v);
+        if (filter == 102) value = ramp(std::hypot(u, v)) * value;
+        const auto at = static_cast<std::size_t>(2 * (j * nx + i));
+        const auto re = static_cast<float>(value.re);
+        const auto im = static_cast<float>(value.im);
+        EXPECT_NEAR(array[at], re, 2.0E-7F * (1.0F + std::abs(re)))
+            << filter << ": " << i << ", " << j;
+        EXPECT_NEAR(array[at + 1], im, 2.0E-7F * (1.0F + std::abs(im)))
+            << filter << ": " << i << ", " << j;
+      }
+    }
+  }
+}
+
+TEST(FftResponse, forward_identity_and_inverse_give_the_input_back) {
+  std::vector<float> input = wave(0.125, 0.25, 3.0, 0.2);
+  for (std::size_t i = 0; i < input.size(); i += 2)
+    input[i] += static_cast<float>(i % 13);
+  const std::vector<float> out = filtered(input, 118, parameters_of(118));
+  for (std::size_t i = 0; i < input.size(); ++i) {
+    EXPECT_NEAR(out[i], input[i], 1.0E-5) << i;
+  }
+}
+
+TEST(FftResponse, powers_are_gathered_by_the_distance_from_zero_frequency) {
+  std::vector<float> array(std::size_t{2} * nx * ny, 1.0F);
+  filter_parameters p = parameters_of(102);
+  PowerSpectrum power;
+  power.count[3] = 77;  // of an earlier transform
+  fftrsp(false, {nx, ny}, 102, p, array, power);
+  std::array<std::int64_t, power_bins> count{};
+  std::array<double, power_bins> output{};
+  for (std::int32_t j = -ny / 2; j < ny / 2; ++j) {
+    for (std::int32_t i = -nx / 2; i < nx / 2; ++i) {
+      const double f = std::hypot(static_cast<double>(i) / nx, static_cast<double>(j) / ny);
+      if (f >= 0.5) continue;
+      const auto bin = static_cast<std::size_t>(f * 512.0);
+      count[bin] += 2;
+      output[bin] += 2.0 * std::pow(TwoPi * f * ramp(f), 2.0);
+    }
+  }
+  EXPECT_EQ(power.count, count);
+  for (std::size_t k = 0; k < power_bins; ++k) {
+    EXPECT_EQ(power.input[k], static_cast<double>(count[k])) << k;
+    EXPECT_NEAR(power.output[k], output[k], 1.0E-5 * (1.0 + output[k])) << k;
+  }
+}
+
+TEST(FftResponse, field_components_balance_the_first_element) {
+  std::vector<float> array(std::size_t{2} * nx * ny);
+  for (std::size_t i = 0; i < array.size(); ++i)
+    array[i] = static_cast<float>(i % 7);
+  filter_parameters p = parameters_of(filter_field_z);
+  PowerSpectrum power;
+  fftrsp(true, {nx, ny}, filter_field_z, p, array, power);
+  double re = 0.0;
+  double im = 0.0;
+  for (std::size_t i = 2; i < array.size(); i += 2) {
+    re += static_cast<double>(array[i]);
+    im += static_cast<double>(array[i + 1]);
+  }
+  EXPECT_NEAR(array[0], -re, 1.0E-6);
+  EXPECT_NEAR(array[1], -im, 1.0E-6);
+}
+
+TEST(FftResponse, second_cross_derivative_leaves_the_direction_along_y) {
+  filter_parameters p = parameters_of(208);
+  std::vector<float> array(std::size_t{2} * nx * ny);
+  PowerSpectrum power;
+  fftrsp(true, {nx, ny}, 208, p, array, power);
+  EXPECT_EQ(p.DirSin, 0.0);
+  EXPECT_EQ(p.DirCos, 1.0);
+}
+
+TEST(FftResponse, smallest_arrays_work) {
+  for (const auto& [columns, rows] : {std::pair{1, 1}, {2, 1}, {1, 2}, {2, 2}, {4, 2}}) {
+    std::vector<float> array(static_cast<std::size_t>(2 * columns * rows), 1.0F);
+    filter_parameters p = parameters_of(101);
+    PowerSpectrum power;
+    fftrsp(false, {columns, rows}, 101, p, array, power);
+    EXPECT_EQ(array[0], 1.0F);
+    if (columns > 1) {
+      EXPECT_NEAR(array[2], std::exp(-TwoPi / columns), 1.0E-7);
+    }
+  }
+}
+
+TEST(FftResponse, two_runs_in_two_threads_do_not_meet) {
+  const auto run = [](std::int32_t filter, float par_1) {
+    return filtered(wave(0.125, 0.25, 1.0, 0.0), filter, parameters_of(filter, par_1));
+  };
+  const std::vector<float> upward = run(101, 2.0F);
+  const std::vector<float> vertical = run(102, 2.0F);
+  for (int round = 0; round < 20; ++round) {
+    std::vector<float> other;
+    std::thread thread([&] { other = run(102, 2.0F); });
+    const std::vector<float> own = run(101, 2.0F);
+    thread.join();
+    ASSERT_EQ(own, upward);
+    ASSERT_EQ(other, vertical);
+  }
+}
+
+}  // namespace
+}  // namespace velmorankite
