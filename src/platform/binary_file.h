@@ -37,6 +37,8 @@ class BinaryFile {
   void resize(std::int64_t size);
   // Takes the file for this process alone, or says who could hold it.
   void lock();
+  // Whether the path still leads to this file: it could have been deleted or replaced meanwhile.
+  [[nodiscard]] bool is_still_named() const { return current_system().names(path_, handle_); }
   // Closes and reports what the system had still to say of earlier writes.
   void close();
 

@@ -38,6 +38,9 @@ class System {
   virtual int resize(file_handle handle, std::int64_t size);
   // Takes the file for this process alone; fails at once if another process holds it.
   virtual int lock(file_handle handle);
+  // Whether the path leads to the file of the handle and not, say, to one made after it was
+  // deleted.
+  virtual bool names(const std::filesystem::path& path, file_handle handle);
   virtual int rename(const std::filesystem::path& from, const std::filesystem::path& to);
   virtual int remove(const std::filesystem::path& path);
 };

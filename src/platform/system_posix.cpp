@@ -105,6 +105,13 @@ int System::lock(file_handle handle) {
   return ::flock(handle, LOCK_EX | LOCK_NB) == 0 ? 0 : -errno;
 }
 
+bool System::names(const std::filesystem::path& path, file_handle handle) {
+  struct stat opened {};
+  struct stat named {};
+  return ::fstat(handle, &opened) == 0 && ::stat(path.c_str(), &named) == 0 &&
+         opened.st_dev == named.st_dev && opened.st_ino == named.st_ino;
+}
+
 int System::rename(const std::filesystem::path& from, const std::filesystem::path& to) {
   return ::rename(from.c_str(), to.c_str()) == 0 ? 0 : -errno;
 }
