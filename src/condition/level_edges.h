@@ -1,0 +1,45 @@
+// The ends of the data along each column and row of a level, and the level's extension beyond them.
+// SPDX-License-Identifier: MIT
+#pragma once
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "condition/level_rows.h"
+#include "grid/lattice.h"
+
+namespace velmorankite {
+
+// Only the outer ends of a column or row are extended; holes inside it are not. Each level builds
+// on the extended level below it, so that coverage grows from level to level.
+class LevelEdges {
+ public:
+  //   reach  nodes by which the data are extended, 1 or 2.
+  LevelEdges(const Lattice& lattice, std::int32_t reach);
+
+  // Notes the valid nodes of a row; rows come in order, from 1.
+  void record(std::int32_t row, std::span<const float> cells);
+
+  // Gives the nodes just beyond the ends of each column the value at the end, then, over these,
+  // those beyond the ends of each row. Ends on the outermost nodes stay as they are.
+  void extend(LevelRows& level) const;
+
+ private:
+  // First and last valid node along a column or row, and their values.
+  struct ends {
+    std::vector<std::int32_t> first, last;
+    std::vector<float> first_value, last_value;
+    ends(std::int32_t lines, std::int32_t nodes);
+  };
+
+  void extend_columns(std::int32_t row, std::span<float> cells) const;
+  void extend_row(std::int32_t row, std::span<float> cells) const;
+
+  std::int32_t column_count_;
+  std::int32_t row_count_;
+  std::int32_t reach_;
+  ends columns_;
+  ends rows_;
+};
+
+}  // namespace velmorankite

@@ -1,0 +1,186 @@
+// SPDX-License-Identifier: MIT
+#include "condition/multi_level_fill.h"
+
+#include <algorithm>
+#include <memory>
+#include <new>
+#include <string>
+#include <vector>
+
+#include "condition/fill_pyramid.h"
+#include "grid/dummy.h"
+#include "grid/grid_rows.h"
+#include "platform/scratch_file.h"
+
+namespace velmorankite {
+namespace {
+
+using platform::BinaryFile;
+using platform::StagedFile;
+
+bool is_blank(std::string_view name) {
+  return name.find_first_not_of(' ') == std::string_view::npos;
+}
+
+std::filesystem::path path_of(std::string_view name) {
+  return std::filesystem::path(name.substr(0, name.find_last_not_of(' ') + 1));
+}
+
+// Whether `count` cells, moved by `offset`, lie within `room`.
+bool fits(std::int64_t count, std::int64_t offset, std::int64_t room) {
+  return count >= 1 && offset >= 0 && offset + count <= room;
+}
+
+bool is_possible(const fill_request& request) {
+  const grid_ints& input = request.input.ints;
+  return request.x_count >= fewest_nodes && request.y_count >= fewest_nodes &&
+         fits(input.x_count, request.column_offset, request.x_count) &&
+         fits(input.y_count, request.row_offset, request.y_count);
+}
+
+Lattice working_lattice(const fill_request& request) {
+  const grid_reals& input = request.input.reals;
+  return {input.x_min - request.column_offset * input.x_cell,
+          input.y_min - request.row_offset * input.y_cell,
+          input.x_cell,
+          input.y_cell,
+          request.x_count,
+          request.y_count};
+}
+
+// Blanks the part of the caller's array that the input does not cover.
+void blank_margin(std::span<float> cells, const Lattice& lattice,
+                  const input_placement& placement) {
+  MemoryRows rows(lattice, cells);
+  for (std::int32_t row = 1; row <= lattice.y_count; ++row) {
+    const std::span<float> line = rows.row(row);
+    if (!placement.has_row(row)) {
+      std::ranges::fill(line, dummy);
+      continue;
+    }
+    const std::span<float> covered = placement.covered(line);
+    std::fill(line.data(), covered.data(), dummy);
+    std::fill(covered.data() + covered.size(), line.data() + line.size(), dummy);
+  }
+}
+
+// Level 0 from the input file, in memory where there is room.
+std::unique_ptr<LevelRows> read_level_0(const Lattice& lattice, const BinaryFile& file,
+                                        const input_placement& placement,
+                                        const level_storage& storage) {
+  if (lattice.cell_count() <= storage.most_cells_in_memory) {
+    try {
+      auto level = std::make_unique<MemoryRows>(lattice);
+      for (std::int32_t row = 1; row <= lattice.y_count; ++row) {
+        read_input_row(file, placement, row, level->row(row));
+      }
+      return level;
+    } catch (const std::bad_alloc&) {
+      // Read by rows, below.
+    }
+  }
+  return std::make_unique<InputRows>(lattice, file, placement);
+}
+
+void copy_bytes(const BinaryFile& from, BinaryFile& to, std::int64_t position, std::int64_t end) {
+  constexpr std::int64_t block_bytes = std::int64_t{1} << 20;
+  std::vector<std::byte> block;
+  for (; position < end; position += block_bytes) {
+    block.resize(static_cast<std::size_t>(std::min(block_bytes, end - position)));
+    from.read(position, block);
+    to.write(position, block);
+  }
+}
+
+std::int64_t write_new_grid(FillPyramid& pyramid, const fill_request& request,
+                            const Lattice& lattice) {
+  StagedFile output(path_of(request.output_name));
+  const std::int32_t sense = request.input.ints.storage_sense;
+  standard_header header = float_grid_header(lattice, sense);
+  header.stat_min = request.minimum;
+  header.stat_max = request.maximum;
+  OUTPUT_GEOSOFT_HEADER(output.file(), header);
+  const RowLayout layout{sense, lattice.x_count, lattice.y_count};
+  const std::int64_t filled = pyramid.fill([&](std::int32_t row, std::span<const float> cells) {
+    write_row(output.file(), layout, row, cells);
+  });
+  output.commit();
+  return filled;
+}
+
+// Makes the filled input beside the input and puts it in its place: a failure on the way leaves
+// the input as it was.
+std::int64_t fill_in_place(FillPyramid& pyramid, const BinaryFile& input,
+                           const input_placement& placement) {
+  namespace fs = std::filesystem;
+  const fs::perms permissions = fs::status(input.path()).permissions();
+  StagedFile output(input.path());
+  const std::int64_t cells_end =
+      placement.layout.header_bytes + std::int64_t{placement.layout.x_count} *
+                                          static_cast<std::int64_t>(sizeof(float)) *
+                                          placement.layout.y_count;
+  copy_bytes(input, output.file(), 1, placement.layout.header_bytes + 1);
+  const std::int64_t filled = pyramid.fill([&](std::int32_t row, std::span<const float> cells) {
+    if (placement.has_row(row)) {
+      write_row(output.file(), placement.layout, row - placement.row_offset,
+                placement.covered(cells));
+    }
+  });
+  copy_bytes(input, output.file(), cells_end + 1, input.size() + 1);
+  output.commit();
+  std::error_code ignored;
+  fs::permissions(output.target(), permissions, ignored);
+  return filled;
+}
+
+}  // namespace
+
+Status GRDMIPMAP(const fill_request& request, std::int64_t& filled_count, level_storage storage) {
+  filled_count = 0;
+  if (!is_possible(request)) {
+    return fill_impossible;
+  }
+  const bool in_place = is_blank(request.output_name);
+  const BinaryFile input(path_of(request.input_name),
+                         in_place ? platform::open_mode::read_write : platform::open_mode::read);
+  if (in_place || request.cells.empty()) {
+    check_float_grid(input, request.input);
+  }
+  const Lattice lattice = working_lattice(request);
+  const input_placement placement{layout_of(request.input), request.column_offset,
+                                  request.row_offset};
+  storage.storage_sense = request.input.ints.storage_sense;
+  storage.minimum = request.minimum;
+  storage.maximum = request.maximum;
+  storage.input_path = input.path();
+  std::unique_ptr<LevelRows> level_0;
+  if (request.cells.empty()) {
+    level_0 = read_level_0(lattice, input, placement, storage);
+  } else {
+    blank_margin(request.cells, lattice, placement);
+    level_0 = std::make_unique<MemoryRows>(lattice, request.cells);
+  }
+  FillPyramid pyramid(*level_0, storage);
+  if (!pyramid.build()) {
+    return fill_impossible;
+  }
+  filled_count = in_place ? fill_in_place(pyramid, input, placement)
+                          : write_new_grid(pyramid, request, lattice);
+  return success;
+}
+
+Status fill_levels(std::span<float> cells, const Lattice& lattice, std::int64_t& filled_count) {
+  filled_count = 0;
+  if (lattice.x_count < fewest_nodes || lattice.y_count < fewest_nodes) {
+    return fill_impossible;
+  }
+  MemoryRows level_0(lattice, cells);
+  FillPyramid pyramid(level_0, {});
+  if (!pyramid.build()) {
+    return fill_impossible;
+  }
+  filled_count = pyramid.fill([](std::int32_t, std::span<const float>) {});
+  return success;
+}
+
+}  // namespace velmorankite

@@ -1,0 +1,51 @@
+// Filling every blank cell of a grid from a pyramid of coarser copies of it.
+// SPDX-License-Identifier: MIT
+#pragma once
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+#include "condition/level_rows.h"
+#include "formats/grid_description.h"
+#include "grid/lattice.h"
+#include "grid/status.h"
+
+namespace velmorankite {
+
+// The working lattice has fewer than 4 columns or rows or does not hold the whole input, or no
+// cell has a value.
+inline constexpr Status fill_impossible{-1};
+
+// A multi-level fill of a grid file.
+struct fill_request {
+  std::string_view input_name;
+  grid_description input;          // as GRDRDH gave it
+  std::int32_t x_count = 0;        // of the working lattice, at least the input's with the offsets
+  std::int32_t y_count = 0;        //
+  std::int32_t column_offset = 0;  // columns and rows of the working lattice ahead of the first
+  std::int32_t row_offset = 0;     // input cell
+  // The memory flag: y_count rows of x_count cells, the lowest row first. Where they are given,
+  // the input cells are taken from them and not from the file, each at its place on the working
+  // lattice, and the filled lattice is left in them. Empty: not used.
+  std::span<float> cells;
+  std::string_view output_name;  // blank: the filled cells go back to the input file
+  float minimum = 0.0F;          // stored as they are in the header of the output
+  float maximum = 0.0F;
+};
+
+// Gives every blank cell of a standard grid of 4-byte floats a value and keeps all others, in time
+// and memory proportional to the grid. With offsets, the margin round the data is filled too.
+//   filled_count  out: nodes that got a value, over level 0 and all coarser levels.
+//   storage       how levels are held; its sense, limits and input are set from the request.
+// The output appears under its name only when it is complete. In place, the input is replaced as
+// a whole when all is done, and keeps what stands in it beside its cells. A grid too large for
+// memory is worked on by rows, through level files in the current directory.
+// Status: success or fill_impossible, then without an output. Throws IoError.
+Status GRDMIPMAP(const fill_request& request, std::int64_t& filled_count,
+                 level_storage storage = {});
+
+// The same fill for a grid in memory: `cells` holds the rows of `lattice`, the lowest first, and
+// keeps its blanks on fill_impossible.
+Status fill_levels(std::span<float> cells, const Lattice& lattice, std::int64_t& filled_count);
+
+}  // namespace velmorankite

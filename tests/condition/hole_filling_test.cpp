@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: MIT
+#include "condition/hole_filling.h"
+
+#include <gtest/gtest.h>
+
+#include "condition/multi_level_fill.h"
+#include "formats/describe_grid.h"
+#include "platform/io_error.h"
+#include "support/grids.h"
+#include "support/temporary_folder.h"
+
+namespace velmorankite {
+namespace {
+
+using testing::TemporaryFolder;
+
+struct fill_result {
+  Status status;
+  float minimum = 9.0F;
+  float maximum = 9.0F;
+  std::int64_t filled = 9;
+};
+
+fill_result fill(const std::filesystem::path& input, const std::string& output,
+                 std::int32_t road = 1, std::int32_t limit = 0) {
+  fill_result result;
+  result.status =
+      GRID_FILL(input.string(), output, road, limit, result.minimum, result.maximum, result.filled);
+  return result;
+}
+
+float cell_of_disc(std::int32_t column, std::int32_t row) {
+  const int x = column - 8;
+  const int y = row - 6;
+  return x * x + y * y < 20 ? static_cast<float>(3 * column - row) : dummy;
+}
+
+TEST(HoleFilling, blanks_open_to_the_edge_are_filled_and_data_kept) {
+  const TemporaryFolder folder;
+  for (const std::int32_t sense : {1, -2}) {
+    testing::write_grid(folder / "a.grd", {10.0, 20.0, 2.0, 3.0, 17, 12}, cell_of_disc, sense);
+    const fill_result result = fill(folder / "a.grd", (folder / "b.grd").string());
+    EXPECT_EQ(result.status, success);
+    EXPECT_EQ(result.minimum, 0.0F);
+    EXPECT_EQ(result.maximum, 0.0F);
+    const grid_description output = testing::describe(folder / "b.grd");
+    EXPECT_EQ(output.ints.storage_sense, sense);
+    EXPECT_EQ(lattice_of(output), (Lattice{10.0, 20.0, 2.0, 3.0, 17, 12}));
+    EXPECT_EQ(output.reals.z_min, 0.0);
+    EXPECT_EQ(output.reals.z_max, 0.0);
+    const std::vector<float> cells = testing::read_grid(folder / "b.grd");
+    const std::vector<float> before = testing::read_grid(folder / "a.grd");
+    std::int64_t blank = 0;
+    for (std::size_t i = 0; i < cells.size(); ++i) {
+      EXPECT_GT(cells[i], -40.0F);
+      EXPECT_LT(cells[i], 60.0F);
+      if (is_valid(before[i])) {
+        EXPECT_EQ(cells[i], before[i]);
+      } else {
+        ++blank;
+      }
+    }
+    EXPECT_GT(result.filled, blank);
+  }
+}
+
+TEST(HoleFilling, limit_has_no_effect) {
+  const TemporaryFolder folder;
+  testing::write_grid(folder / "a.grd", {0.0, 0.0, 1.0, 1.0, 17, 12}, cell_of_disc);
+  EXPECT_EQ(fill(folder / "a.grd", (folder / "b.grd").string(), 1, 0).filled,
+            fill(folder / "a.grd", (folder / "c.grd").string(), 1, 100).filled);
+  EXPECT_EQ(testing::read_file(folder / "b.grd"), testing::read_file(folder / "c.grd"));
+}
+
+TEST(HoleFilling, stops_with_a_status_and_no_output) {
+  const TemporaryFolder folder;
+  const auto all_blank = [](std::int32_t, std::int32_t) { return dummy; };
+  testing::write_grid(folder / "disc.grd", {0.0, 0.0, 1.0, 1.0, 17, 12}, cell_of_disc);
+  testing::write_grid(folder / "blank.grd", {0.0, 0.0, 1.0, 1.0, 17, 12}, all_blank);
+  testing::write_grid(folder / "thin.grd", {0.0, 0.0, 1.0, 1.0, 17, 3}, cell_of_disc);
+  std::filesystem::create_directory(folder / "folder.grd");
+  struct example {
+    const char* input;
+    std::int32_t road;
+    Status status;
+  };
+  const example examples[] = {
+      {"blank.grd", 1, fill_no_valid_cell}, {"thin.grd", 1, fill_no_valid_cell},
+      {"none.grd", 1, file_missing},        {"folder.grd", 1, fill_input_unopened},
+      {"disc.grd", 0, sweep_road_missing},
+  };
+  for (const example& e : examples) {
+    const fill_result result = fill(folder / e.input, (folder / "out.grd").string(), e.road);
+    EXPECT_EQ(result.status.code, e.status.code) << e.input;
+    EXPECT_EQ(result.filled, 0) << e.input;
+    EXPECT_FALSE(std::filesystem::exists(folder / "out.grd")) << e.input;
+  }
+}
+
+}  // namespace
+}  // namespace velmorankite
