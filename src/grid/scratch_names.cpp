@@ -4,13 +4,14 @@
 #include <filesystem>
 
 #include "platform/file_tests.h"
+#include "platform/padded_text.h"
 
 namespace velmorankite {
 namespace {
 
 std::filesystem::path stem_of(std::string_view name) {
-  const std::size_t last = name.find_last_not_of(' ');
-  return last == std::string_view::npos ? default_scratch_stem : name.substr(0, last + 1);
+  const std::string_view stem = platform::without_padding(name);
+  return stem.empty() ? default_scratch_stem : stem;
 }
 
 }  // namespace
