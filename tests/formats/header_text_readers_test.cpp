@@ -15,7 +15,7 @@ namespace {
 using testing::TemporaryFolder;
 using testing::write_file;
 
-const std::string data_folder = VELMORANKITE_TEST_DATA "/gdal/";
+const std::string data_folder = testing::test_data("gdal/").string();
 
 class TextHeader : public ::testing::Test {
  protected:

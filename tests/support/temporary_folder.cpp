@@ -41,6 +41,10 @@ CurrentFolder::~CurrentFolder() {
   std::filesystem::current_path(previous_, failure);
 }
 
+std::filesystem::path test_data(std::string_view name) {
+  return std::filesystem::path(VELMORANKITE_TEST_DATA) / name;
+}
+
 std::string read_file(const std::filesystem::path& path) {
   std::ifstream stream(path, std::ios::binary);
   return {std::istreambuf_iterator<char>(stream), {}};

@@ -38,6 +38,9 @@ class CurrentFolder {
   std::filesystem::path previous_;
 };
 
+// A file of tests/data.
+std::filesystem::path test_data(std::string_view name);
+
 std::string read_file(const std::filesystem::path& path);
 void write_file(const std::filesystem::path& path, std::string_view bytes);
 
