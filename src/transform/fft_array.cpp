@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: MIT
+#include "transform/fft_array.h"
+
+#include <algorithm>
+#include <cassert>
+#include <limits>
+#include <vector>
+
+#include "transform/fourn.h"
+
+namespace velmorankite {
+namespace {
+
+// The smallest power of two from 2 that is not below `count`.
+std::int64_t power_of_two(std::int64_t count) {
+  std::int64_t size = 2;
+  while (size < count)
+    size *= 2;
+  return size;
+}
+
+void blank_elements(std::span<float> words, float background) {
+  for (std::size_t i = 0; i < words.size(); i += 2) {
+    words[i] = background;
+    words[i + 1] = 0.0F;
+  }
+}
+
+}  // namespace
+
+Status plan_fft(std::int32_t columns, std::int32_t rows, std::int32_t PadWidth,
+                fft_geometry& geometry) {
+  const std::int64_t pad = 3 * std::int64_t{PadWidth} + 1;
+  const std::int64_t nxp = columns + 2 * pad;
+  const std::int64_t nyp = rows + 2 * pad;
+  constexpr std::int64_t largest = std::int64_t{1} << 30;
+  if (nxp > largest || nyp > largest) return fft_too_large;
+  const std::int64_t fftnx = power_of_two(nxp);
+  const std::int64_t fftny = power_of_two(nyp);
+  const auto whole = [](std::int64_t value) { return static_cast<std::int32_t>(value); };
+  geometry.columns = columns;
+  geometry.rows = rows;
+  geometry.pad = whole(pad);
+  geometry.nxp = whole(nxp);
+  geometry.nyp = whole(nyp);
+  geometry.fftnx = whole(fftnx);
+  geometry.fftny = whole(fftny);
+  geometry.padoffx = whole((fftnx - nxp) / 2);
+  geometry.padoffy = whole((fftny - nyp) / 2);
+  geometry.origx = geometry.pad + geometry.padoffx;
+  geometry.origy = geometry.pad + geometry.padoffy;
+  return success;
+}
+
+Lattice padded_lattice(const Lattice& lattice, const fft_geometry& geometry) {
+  return {lattice.x_min - geometry.pad * lattice.x_cell,
+          lattice.y_min - geometry.pad * lattice.y_cell,
+          lattice.x_cell,
+          lattice.y_cell,
+          geometry.nxp,
+          geometry.nyp};
+}
+
+void fill_fft_array(const platform::BinaryFile& padded, const RowLayout& layout,
+                    const fft_geometry& geometry, float background, std::span<float> array) {
+  const auto width = static_cast<std::size_t>(geometry.nxp);
+  const std::size_t row_words = 2 * static_cast<std::size_t>(geometry.fftnx);
+  std::vector<float> cells(width);
+  for (std::int32_t array_row = 0; array_row < geometry.fftny; ++array_row) {
+    const std::span<float> words =
+        array.subspan(static_cast<std::size_t>(array_row) * row_words, row_words);
+    const std::int32_t row = geometry.nyp - (array_row - geometry.padoffy);
+    if (row < 1 || row > geometry.nyp) {
+      blank_elements(words, background);
+      continue;
+    }
+    const std::size_t first = 2 * static_cast<std::size_t>(geometry.padoffx);
+    read_row(padded, layout, row, cells);
+    blank_elements(words.first(first), background);
+    for (std::size_t i = 0; i < width; ++i) {
+      words[first + 2 * i] = cells[i];
+      words[first + 2 * i + 1] = 0.0F;
+    }
+    blank_elements(words.subspan(first + 2 * width), background);
+  }
+}
+
+void read_window_row(std::span<const float> array, const fft_geometry& geometry, std::int32_t row,
+                     std::span<float> cells) {
+  const float* const words = array.data() + geometry.padded_row(row);
+  for (std::size_t i = 0; i < static_cast<std::size_t>(geometry.nxp); ++i) {
+    cells[i] = words[2 * i];
+  }
+}
+
+void write_window(std::span<const float> array, const fft_geometry& geometry,
+                  platform::BinaryFile& padded, const RowLayout& layout, double divisor) {
+  std::vector<float> cells(static_cast<std::size_t>(geometry.nxp));
+  for (std::int32_t row = 1; row <= geometry.nyp; ++row) {
+    read_window_row(array, geometry, row, cells);
+    if (divisor != 1.0) {
+      std::ranges::for_each(cells, [divisor](float& cell) {
+        cell = static_cast<float>(static_cast<double>(cell) / divisor);
+      });
+    }
+    write_row(padded, layout, row, cells);
+  }
+}
+
+void transform_array(std::span<float> array, const fft_geometry& geometry, std::int32_t sign) {
+  const std::int32_t dimensions[] = {geometry.fftnx, geometry.fftny};
+  [[maybe_unused]] const Status status = FOURN(array, dimensions, sign);
+  assert(!status.failed());  // the sizes are powers of two and the array is theirs
+}
+
+}  // namespace velmorankite

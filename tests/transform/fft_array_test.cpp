@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+#include "transform/fft_array.h"
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <vector>
+
+#include "support/grids.h"
+#include "support/temporary_folder.h"
+
+namespace velmorankite {
+namespace {
+
+TEST(FftGeometry, doubles_until_the_padded_grid_fits) {
+  struct example {
+    std::int32_t columns, pad_width;
+    std::int32_t pad, nxp, fftnx, padoffx, origx;
+  };
+  const example examples[] = {{64, 5, 16, 96, 128, 16, 32},
+                              {120, 1, 4, 128, 128, 0, 4},
+                              {121, 1, 4, 129, 256, 63, 67},
+                              {4000, 11, 34, 4068, 4096, 14, 48},
+                              {1, 1, 4, 9, 16, 3, 7}};
+  for (const example& e : examples) {
+    fft_geometry g;
+    ASSERT_EQ(plan_fft(e.columns, 7, e.pad_width, g), success);
+    EXPECT_EQ(g.pad, e.pad);
+    EXPECT_EQ(g.nxp, e.nxp);
+    EXPECT_EQ(g.fftnx, e.fftnx);
+    EXPECT_EQ(g.padoffx, e.padoffx);
+    EXPECT_EQ(g.origx, e.origx);
+  }
+  fft_geometry g;
+  ASSERT_EQ(plan_fft(64, 7, 5, g), success);
+  EXPECT_EQ(g.fftny, 64);
+  EXPECT_EQ(g.padoffy, 12);
+  EXPECT_EQ(g.fftwords(), std::size_t{2} * 128 * 64);
+}
+
+TEST(FftGeometry, sizes_that_no_array_can_have_are_refused) {
+  fft_geometry g;
+  EXPECT_EQ(plan_fft(1 << 30, 10, 1, g), fft_too_large);
+  EXPECT_EQ(plan_fft(10, 0x7FFFFFFF, 1, g), fft_too_large);
+  EXPECT_EQ(plan_fft(10, 10, 0x7FFFFFFF, g), fft_too_large);
+}
+
+float cell(std::int32_t column, std::int32_t row) {
+  return static_cast<float>(100 * row + column);
+}
+
+TEST(FftArray, rows_run_from_the_north_in_both_storage_senses) {
+  fft_geometry g;
+  ASSERT_EQ(plan_fft(3, 2, 1, g), success);  // 11 x 10 padded cells in 16 x 16
+  for (const std::int32_t sense : {1, -2}) {
+    const testing::TemporaryFolder folder;
+    testing::write_grid(folder / "p.grd", {0.0, 0.0, 1.0, 1.0, g.nxp, g.nyp}, cell, sense);
+    const RowLayout layout{sense, g.nxp, g.nyp};
+    platform::BinaryFile file(folder / "p.grd", platform::open_mode::read_write);
+    std::vector<float> array(g.fftwords(), 77.0F);
+    fill_fft_array(file, layout, g, 0.5F, array);
+    for (std::int32_t j = 0; j < g.fftny; ++j) {
+      for (std::int32_t i = 0; i < g.fftnx; ++i) {
+        const std::int32_t column = i - 2 + 1;  // (16 - 11) / 2 ahead of it
+        const std::int32_t row = 10 - (j - 3);  // (16 - 10) / 2
+        const bool inside = column >= 1 && column <= 11 && row >= 1 && row <= 10;
+        const auto at = static_cast<std::size_t>(2 * (16 * j + i));
+        ASSERT_EQ(array[at], inside ? cell(column, row) : 0.5F) << i << ", " << j;
+        ASSERT_EQ(array[at + 1], 0.0F);
+      }
+    }
+    EXPECT_EQ(array[g.grid_row(1)], cell(5, 5));
+    EXPECT_EQ(array[g.grid_row(2) + 4], cell(7, 6));
+
+    for (float& word : array)
+      word *= 3.0F;
+    write_window(array, g, file, layout, 2.0);
+    file.close();
+    const std::vector<float> cells = testing::read_grid(folder / "p.grd");
+    EXPECT_EQ(cells.front(), 1.5F * cell(1, 1));
+    EXPECT_EQ(cells[2 * 11 + 4], 1.5F * cell(5, 3));
+  }
+}
+
+}  // namespace
+}  // namespace velmorankite
