@@ -1,0 +1,197 @@
+// SPDX-License-Identifier: MIT
+#include "transform/gradient_stage.h"
+
+#include <cstddef>
+#include <vector>
+
+#include "grid/dummy.h"
+#include "grid/standard_header.h"
+#include "transform/fft_grid.h"
+#include "transform/fft_response.h"
+
+namespace velmorankite {
+namespace {
+
+constexpr std::int32_t horizontal_derivative_filter = 204;
+constexpr std::int32_t vertical_derivative_filter = 102;
+constexpr std::int32_t integral_filter = 111;
+constexpr std::int32_t layer_filter = 103;
+
+void face_x(filter_parameters& p) {
+  p.Par1 = 1.0F;
+  p.Par2 = 90.0F;
+  p.Azim = 0.0F;
+  set_direction(p, 90.0);
+}
+
+void face_y(filter_parameters& p) {
+  p.Par1 = 1.0F;
+  p.Par2 = 0.0F;
+  p.Azim = 0.0F;
+  p.DirCos = 1.0;
+  p.DirSin = 0.0;
+}
+
+void face_down(filter_parameters& p) {
+  p.Par1 = 1.0F;
+}
+
+struct gradient_pass {
+  std::int32_t filter = 0;
+  void (*set)(filter_parameters&) = nullptr;
+  bool removes_mean = false;
+  bool kept = false;
+};
+
+using pass_list = std::array<gradient_pass, 3>;
+
+constexpr gradient_pass along_x{horizontal_derivative_filter, face_x, false, true};
+constexpr gradient_pass along_y{horizontal_derivative_filter, face_y, false, true};
+constexpr gradient_pass component_x{filter_field_x, nullptr, true, true};
+constexpr gradient_pass component_y{filter_field_y, nullptr, true, true};
+
+// In the order of gradient_passes, without `none`.
+constexpr pass_list passes[] = {
+    {along_x, along_y, {vertical_derivative_filter, face_down, false, false}},
+    {along_x, along_y, {vertical_derivative_filter, face_down, true, true}},
+    {component_x, component_y, {filter_field_z, nullptr, true, false}},
+    {component_x, component_y, {filter_field_z, nullptr, true, true}},
+};
+
+// The mean of the real parts over the valid cells of the input, summed in single precision.
+float mean_of_valid(const fft_run& run, const platform::BinaryFile& input,
+                    const RowLayout& input_layout) {
+  const auto columns = static_cast<std::size_t>(run.geometry.columns);
+  std::vector<float> cells(columns);
+  float sum = 0.0F;
+  std::int64_t count = 0;
+  for (std::int32_t row = run.geometry.rows; row >= 1; --row) {
+    read_row(input, input_layout, row, cells);
+    const float* const words = run.array.data() + run.geometry.grid_row(row);
+    for (std::size_t i = 0; i < columns; ++i) {
+      if (is_valid(cells[i])) {
+        sum += words[2 * i];
+        ++count;
+      }
+    }
+  }
+  return count > 0 ? sum / static_cast<float>(count) : 0.0F;
+}
+
+void subtract_from_window(const fft_run& run, float mean) {
+  for (std::int32_t row = 1; row <= run.geometry.nyp; ++row) {
+    float* const words = run.array.data() + run.geometry.padded_row(row);
+    for (std::size_t i = 0; i < static_cast<std::size_t>(run.geometry.nxp); ++i) {
+      words[2 * i] -= mean;
+    }
+  }
+}
+
+// Restores fields that a preparation borrows.
+class BorrowedParameters {
+ public:
+  explicit BorrowedParameters(filter_parameters& parameters)
+      : parameters_(parameters), before_(parameters) {}
+  ~BorrowedParameters() { parameters_ = before_; }
+  BorrowedParameters(const BorrowedParameters&) = delete;
+  BorrowedParameters& operator=(const BorrowedParameters&) = delete;
+
+ private:
+  filter_parameters& parameters_;
+  filter_parameters before_;
+};
+
+void apply(const fft_run& run, bool normalise, std::int32_t filter) {
+  fftrsp(normalise, run.geometry.size(), filter, run.parameters, run.array, run.power);
+}
+
+}  // namespace
+
+gradient_passes gradient_passes_of(const filter_parameters& p) {
+  struct passes_row {
+    std::int32_t filter;
+    std::int32_t filter_parameters::*option;  // asked for by this option, if any
+    gradient_passes with_option;
+    gradient_passes without;
+  };
+  using G = gradient_passes;
+  constexpr passes_row rows[] = {
+      {106, nullptr, G::derivatives, G::derivatives},
+      {107, nullptr, G::euler_derivatives, G::euler_derivatives},
+      {109, &filter_parameters::Opt3, G::components, G::derivatives},
+      {111, &filter_parameters::Opt2, G::derivatives, G::none},
+      {212, nullptr, G::kept_components, G::kept_components},
+  };
+  for (const passes_row& row : rows) {
+    if (row.filter == p.FilterNo) {
+      return row.option != nullptr && p.*row.option == 1 ? row.with_option : row.without;
+    }
+  }
+  return gradient_passes::none;
+}
+
+gradient_work_grids make_work_grids(const fft_run& run) {
+  gradient_work_grids work;
+  const Lattice lattice = padded_lattice(run.lattice, run.geometry);
+  work.layout = {sense_bottom_up, lattice.x_count, lattice.y_count};
+  for (platform::BinaryFile& grid : work.grids) {
+    grid = platform::BinaryFile::anonymous();
+    OUTPUT_GEOSOFT_HEADER(grid, float_grid_header(lattice));
+  }
+  return work;
+}
+
+platform::BinaryFile prepare_gradient_spectrum(const fft_run& run) {
+  filter_parameters& p = run.parameters;
+  const BorrowedParameters restored(p);
+  if (p.FilterNo == integral_filter && p.Opt2 == 1) {
+    apply(run, false, integral_filter);
+  } else if (p.FilterNo == 212 && p.Par3 > 0.0F) {
+    // With several layers the thickness is in cells already.
+    const double cell = p.Opt3 != 0 ? 1.0 : p.CellX;
+    p.Par2 = static_cast<float>(static_cast<double>(p.Par3) / cell);
+    p.Par1 = 0.0F;
+    apply(run, false, layer_filter);
+  } else {
+    return {};
+  }
+  platform::BinaryFile spectrum = platform::BinaryFile::anonymous();
+  save_fft_grid(spectrum, run.lattice, run.geometry, run.array);
+  return spectrum;
+}
+
+void FFTGRAD3(const fft_run& run, float HiCut, const platform::BinaryFile& input,
+              const RowLayout& input_layout, const platform::BinaryFile& spectrum,
+              gradient_work_grids& work) {
+  const gradient_passes wanted = gradient_passes_of(run.parameters);
+  if (wanted == gradient_passes::none) return;
+  const pass_list& list = passes[static_cast<std::size_t>(wanted) - 1];
+  for (std::size_t n = 0; n < list.size(); ++n) {
+    const gradient_pass& pass = list[n];
+    run.parameters.HiCut = HiCut;
+    if (pass.set != nullptr) pass.set(run.parameters);
+    if (n > 0) read_fft_grid(spectrum, run.array);
+    apply(run, true, pass.filter);
+    transform_array(run.array, run.geometry, -1);
+    if (pass.removes_mean) {
+      subtract_from_window(run, mean_of_valid(run, input, input_layout));
+    }
+    if (pass.kept) {
+      write_window(run.array, run.geometry, work.grids[n], work.layout);
+    }
+  }
+}
+
+void integrate_padded_grid(const fft_run& run, float LoCut, platform::BinaryFile& padded,
+                           const RowLayout& layout) {
+  fill_fft_array(padded, layout, run.geometry, 0.0F, run.array);
+  transform_array(run.array, run.geometry, 1);
+  run.parameters.HiCut = 0.0F;
+  run.parameters.LoCut = LoCut;
+  run.parameters.Par1 = 1.0F;
+  apply(run, true, integral_filter);
+  transform_array(run.array, run.geometry, -1);
+  write_window(run.array, run.geometry, padded, layout);
+}
+
+}  // namespace velmorankite

@@ -1,0 +1,74 @@
+// Three grids from one spectrum: the derivatives of a field, or its components.
+// SPDX-License-Identifier: MIT
+#pragma once
+#include <array>
+#include <cstdint>
+#include <span>
+
+#include "grid/grid_rows.h"
+#include "grid/lattice.h"
+#include "platform/binary_file.h"
+#include "transform/fft_array.h"
+#include "transform/power_spectrum.h"
+#include "transform/trs_filter.h"
+
+namespace velmorankite {
+
+// The parts of a run on the FFT road that its stages work on. The array belongs to the run.
+struct fft_run {
+  Lattice lattice;  // of the input grid
+  fft_geometry geometry;
+  std::span<float> array;
+  filter_parameters& parameters;
+  PowerSpectrum& power;  // of the last response
+};
+
+// Which three grids a filter needs: of derivatives along X, Y and down, or of the field's
+// components along X, Y and down.
+enum class gradient_passes : std::uint8_t {
+  none,
+  derivatives,
+  euler_derivatives,  // all three kept, the last one without its mean
+  components,         // all without their mean
+  kept_components     // and all three kept
+};
+
+// By the filter's index and its options in the parameter set.
+[[nodiscard]] gradient_passes gradient_passes_of(const filter_parameters& parameters);
+
+// The work grids: grids of nxp x nyp cells, sense 1, gone when they are closed. The third is only
+// written where the passes keep it; it is else left in the array.
+struct gradient_work_grids {
+  std::array<platform::BinaryFile, 3> grids;
+  RowLayout layout;
+};
+
+// Makes the three empty work grids of a run. Throws IoError.
+[[nodiscard]] gradient_work_grids make_work_grids(const fft_run& run);
+
+// Two filters take their derivatives or components of a spectrum that is transformed first: the
+// total gradient of the vertical integral of the integrated one, VRMI with a thickness that of a
+// layer. Transforms the array and gives the file that later passes read, in the layout of a saved
+// FFT grid; a closed file for the other filters, whose passes read the saved spectrum itself.
+// Throws IoError.
+[[nodiscard]] platform::BinaryFile prepare_gradient_spectrum(const fft_run& run);
+
+// Makes the three grids: for each pass the response on the spectrum, the inverse transform, the
+// mean over the valid cells of the input taken off where the passes ask for it, and the real parts
+// written to the work grid.
+//   HiCut      of every pass.
+//   input      the input grid, for its valid cells; input_layout its rows.
+//   spectrum   file that the second and third pass read; the first takes the array as it is.
+//   run        the array holds the third grid at the end, the parameter set what the passes left
+//              in it; FilterNo stays.
+// Throws IoError.
+void FFTGRAD3(const fft_run& run, float HiCut, const platform::BinaryFile& input,
+              const RowLayout& input_layout, const platform::BinaryFile& spectrum,
+              gradient_work_grids& work);
+
+// Replaces the rows of the padded grid by their vertical integral of order 1, with LoCut from the
+// call: the last stage of the total gradient where it is asked for. Throws IoError.
+void integrate_padded_grid(const fft_run& run, float LoCut, platform::BinaryFile& padded,
+                           const RowLayout& layout);
+
+}  // namespace velmorankite
