@@ -48,5 +48,25 @@ struct format_reader {
 
 // The plain standard grid.
 Status read_standard_header(header_source& source, grid_description& grid, grid_texts& texts);
+// Every format whose fields stand at fixed byte offsets.
+Status read_fixed_header(header_source& source, grid_description& grid, grid_texts& texts);
+// Surfer 7: tagged sections, of which "GRID" tells the lattice.
+Status read_surfer_7_header(header_source& source, grid_description& grid, grid_texts& texts);
+// Tiles that tell their south-west corner by their names: of one degree (N45W120.hgt) and of five.
+Status read_degree_tile_name(header_source& source, grid_description& grid, grid_texts& texts);
+Status read_geodesy_tile_name(header_source& source, grid_description& grid, grid_texts& texts);
+// Tiles of one degree with a DTED header.
+Status read_dted_header(header_source& source, grid_description& grid, grid_texts& texts);
+
+// Surfer 7: no "DATA" section behind the lattice, or a count below 1.
+inline constexpr Status sections_unsound{-2019};
+// A tile's name holds neither "E" nor "W".
+inline constexpr Status tile_name_without_longitude{-2020};
+
+// What Surfer writes into a cell without data.
+inline constexpr double surfer_blank = 1.701410009187828E+38;
+
+// Kind of cells that go through DECODE_VULCAN_BINARY.
+inline constexpr std::int32_t kind_decoded = 4;
 
 }  // namespace velmorankite

@@ -73,8 +73,9 @@ Status read_standard_header(header_source& source, grid_description& grid, grid_
   if (!read_header_bytes(source, 1, bytes)) {
     return header_too_short;
   }
-  const auto element_size = static_cast<std::int32_t>(load<std::int8_t>(&bytes[0]));
-  const bool compressed = load<std::int8_t>(&bytes[1]) >= 1;
+  // The recognition let bytes 0 and 1 pass: a size of 1, 2, 4 or 8, and a marker of 0 or 4.
+  const auto element_size = std::to_integer<std::int32_t>(bytes[0]);
+  const bool compressed = bytes[1] != std::byte{0};
 
   grid.ints.data_offset = standard_header_bytes;
   grid.ints.element_code = compressed ? -element_size : element_size;

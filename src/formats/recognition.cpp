@@ -132,10 +132,8 @@ bool could_be_gmt(const file_head& head) {
          head.at<std::int32_t>(8) == 0 && head.at<std::int32_t>(12) == 0;
 }
 
-bool is_gmt(const file_head& head, grid_description& grid) {
-  if (!could_be_gmt(head)) {
-    return false;
-  }
+// Counts, limits and cell sizes of a GMT header. False for limits or sizes that no grid has.
+bool take_gmt_lattice(const file_head& head, grid_description& grid) {
   grid_reals& reals = grid.reals;
   reals.x_min = head.decoded_at(12);
   reals.x_max = head.decoded_at(20);
@@ -149,6 +147,40 @@ bool is_gmt(const file_head& head, grid_description& grid) {
   }
   grid.ints.x_count = head.at<std::int32_t>(0);
   grid.ints.y_count = head.at<std::int32_t>(4);
+  return true;
+}
+
+bool is_gmt(const file_head& head, grid_description& grid) {
+  return could_be_gmt(head) && take_gmt_lattice(head, grid);
+}
+
+// The same header whatever the low word of its lowest X, and also with the limits of the cells'
+// edges (registration 1). Counts, limits, cell sizes and the file's size must all agree.
+bool is_gmt_in_full(const file_head& head, grid_description& grid) {
+  const auto registration = head.at<std::int32_t>(8);
+  const auto x_count = head.at<std::int32_t>(0);
+  const auto y_count = head.at<std::int32_t>(4);
+  constexpr std::int64_t header = 892;
+  constexpr std::int64_t cell = 4;
+  if (x_count < 1 || y_count < 1 || (registration != 0 && registration != 1) ||
+      cell * x_count > head.file.size || header + cell * x_count * y_count > head.file.size) {
+    return false;
+  }
+  grid_description found = grid;
+  grid_reals& reals = found.reals;
+  constexpr double hair = 0.01;
+  const auto agrees = [registration](double span, double cells, std::int32_t count) {
+    return std::abs(span / cells - (count - 1.0 + registration)) < hair;
+  };
+  if (!take_gmt_lattice(head, found) || !agrees(reals.x_max - reals.x_min, reals.x_cell, x_count) ||
+      !agrees(reals.y_max - reals.y_min, reals.y_cell, y_count)) {
+    return false;
+  }
+  reals.x_min += registration * reals.x_cell / 2.0;
+  reals.x_max -= registration * reals.x_cell / 2.0;
+  reals.y_min += registration * reals.y_cell / 2.0;
+  reals.y_max -= registration * reals.y_cell / 2.0;
+  grid = found;
   return true;
 }
 
@@ -236,6 +268,7 @@ constexpr content_test content_tests[] = {
     {no_format, {}, is_other_data},
     {format_standard, {}, is_standard_grid},
     {format_standard, {}, is_record_layout},
+    {format_gmt, {}, is_gmt_in_full},
     {format_geosolutions, {}, is_geosolutions},
     {format_vulcan, {}, is_vulcan},
     {format_geodass, {}, is_geodass},

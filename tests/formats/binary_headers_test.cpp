@@ -1,0 +1,255 @@
+// Headers of the binary formats.
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <limits>
+
+#include "formats/describe_grid.h"
+#include "formats/header_readers.h"
+#include "formats/header_status.h"
+#include "platform/io_error.h"
+#include "support/failing_system.h"
+#include "support/foreign_grids.h"
+#include "support/temporary_folder.h"
+
+namespace velmorankite {
+namespace {
+
+using testing::foreign_format;
+using testing::foreign_formats;
+using testing::small_sample;
+using testing::write_file;
+
+class BinaryHeaders : public ::testing::Test {
+ protected:
+  Status describe(const std::string& name) { return GRDRDH((folder / name).string(), grid, texts); }
+  Status describe(const std::string& name, const std::string& bytes) {
+    write_file(folder / name, bytes);
+    return describe(name);
+  }
+  // A tile without a header: its size and its name are all there is.
+  Status describe_tile(const std::string& name, std::uintmax_t size) {
+    std::filesystem::create_directories((folder / name).parent_path());
+    write_file(folder / name, "x");
+    std::filesystem::resize_file(folder / name, size);
+    const Status status = describe(name);
+    std::filesystem::remove(folder / name);
+    return status;
+  }
+
+  testing::TemporaryFolder folder;
+  grid_description grid;
+  grid_texts texts;
+};
+
+template <typename T>
+std::string with(std::string bytes, std::size_t offset, T value) {
+  bytes.replace(offset, sizeof value, reinterpret_cast<const char*>(&value), sizeof value);
+  return bytes;
+}
+
+std::string sample_bytes(std::int32_t format_code) {
+  const auto formats = foreign_formats();
+  return std::find_if(formats.begin(), formats.end(),
+                      [format_code](const foreign_format& format) {
+                        return format.format_code == format_code;
+                      })
+      ->bytes(small_sample());
+}
+
+TEST_F(BinaryHeaders, tell_the_layout_the_lattice_and_the_dummy) {
+  struct example {
+    std::int32_t format, data_offset, element, sense, kind, aux_1, aux_2;
+    double x_min, x_max, y_min, y_max, x_cell, y_cell;
+    double dummy_value, z_min, z_max, z_mid, z_spread;
+  };
+  const double e30 = static_cast<double>(1.0E30F);
+  const double e34 = static_cast<double>(-1.0E34F);
+  const double standard = static_cast<double>(-1.0E32F);
+  const double x1 = 1000.5;
+  const double x2 = 1010.5;
+  const double y1 = -2000.25;
+  const double y2 = -1985.25;
+  const example examples[] = {
+      {2, 36, -4, 1, 2, 4, 4, x1, x2, y1, y2, 2, 5, e30, e30, e30, e30, e30},
+      {8, 512, -4, -2, 2, 0, 0, x1, x2, y1, y2, 2, 5, e34, 5, 75, e34, e34},
+      {10, 4096, 4, -1, 2, 0, 0, x1, x2, y1, -1994.25, 2, 2, -e30, -e30, -e30, -e30, -e30},
+      {11, 240, 4, -2, 2, 0, 0, x1, x2, y1, y2, 2, 5, 99999, 99999, 99999, 99999, 99999},
+      {12, 130, 2, 1, 1, 0, 0, x1, x2, y1, y2, 2, 5, -9999, -9999, -9999, -9999, -9999},
+      {16, 3428, -2, -1, 1, 8, 4, 5, 6, -3, -2, 1.0 / 5, 1.0 / 3, -1, -1, -1, -1, -1},
+      {19, 200, 4, -1, 2, 0, 0, x1, x2, y1, y2, 2, 5, -1.0E30, -1.0E30, -1.0E30, -1.0E30, -1.0E30},
+      {20, 592, -8, 1, 4, 0, 0, x1, x2, y1, y2, 2, 5, -1.0E8, 5, 75, -1.0E8, -1.0E8},
+      {23, 485, 4, -1, 2, 0, 0, x1, x2, y1, y2, 2, 5, standard, standard, standard, standard,
+       standard},
+  };
+  for (const foreign_format& format : foreign_formats()) {
+    SCOPED_TRACE(format.file_name);
+    const example& e =
+        *std::find_if(std::begin(examples), std::end(examples),
+                      [&format](const example& row) { return row.format == format.format_code; });
+    ASSERT_EQ(describe(format.file_name, format.bytes(small_sample())), success);
+    const grid_ints& ints = grid.ints;
+    const grid_reals& reals = grid.reals;
+    EXPECT_EQ(ints.format_code, e.format);
+    EXPECT_EQ(ints.band_count, 1);
+    EXPECT_EQ(ints.data_offset, e.data_offset);
+    EXPECT_EQ(ints.element_code, e.element);
+    EXPECT_EQ(ints.storage_sense, e.sense);
+    EXPECT_EQ(ints.element_kind, e.kind);
+    EXPECT_EQ(ints.aux_1, e.aux_1);
+    EXPECT_EQ(ints.aux_2, e.aux_2);
+    EXPECT_EQ(ints.x_count, 6);
+    EXPECT_EQ(ints.y_count, 4);
+    EXPECT_EQ(reals.x_min, e.x_min);
+    EXPECT_EQ(reals.x_max, e.x_max);
+    EXPECT_EQ(reals.y_min, e.y_min);
+    EXPECT_EQ(reals.y_max, e.y_max);
+    EXPECT_EQ(reals.x_cell, e.x_cell);
+    EXPECT_EQ(reals.y_cell, e.y_cell);
+    EXPECT_EQ(reals.out_y_min, e.y_min);
+    EXPECT_EQ(reals.dummy_value, e.dummy_value);
+    EXPECT_EQ(reals.z_min, e.z_min);
+    EXPECT_EQ(reals.z_max, e.z_max);
+    EXPECT_EQ(reals.z_mid, e.z_mid);
+    EXPECT_EQ(reals.z_spread, e.z_spread);
+    EXPECT_EQ(reals.rotation, e.format == 8 ? 30.0 : 0.0);
+    EXPECT_EQ(reals.z_mult, e.format == 12 ? 4.0 : 1.0);
+    EXPECT_EQ(reals.z_base, e.format == 12 ? 100.0 : 0.0);
+  }
+}
+
+TEST_F(BinaryHeaders, refuse_a_file_that_ends_anywhere_before_its_last_cell) {
+  for (const foreign_format& format : foreign_formats()) {
+    std::string bytes = format.bytes(small_sample());
+    write_file(folder / format.file_name, bytes);
+    // What stands behind the last cell to make up 256 bytes belongs to no field.
+    const bool padded = bytes.size() == 256;
+    ASSERT_EQ(describe(format.file_name), success) << format.file_name;
+    for (std::size_t length = padded ? 255 : bytes.size() - 1; length > 0; --length) {
+      std::filesystem::resize_file(folder / format.file_name, length);
+      const Status status = describe(format.file_name);
+      if (format.format_code == 19 && length >= 256) {
+        // Whatever is left, the cells end it.
+        EXPECT_EQ(grid.ints.data_offset, static_cast<std::int32_t>(length) - 96);
+      } else {
+        EXPECT_TRUE(status.failed()) << format.file_name << " " << length;
+      }
+    }
+  }
+}
+
+TEST_F(BinaryHeaders, let_a_failed_read_end_in_a_status_or_an_io_error) {
+  for (const foreign_format& format : foreign_formats()) {
+    write_file(folder / format.file_name, format.bytes(small_sample()));
+    for (const auto call : {testing::system_call::open, testing::system_call::read}) {
+      bool described = false;
+      const int failures = testing::fail_each_call(
+          call, EIO,
+          [&] {
+            described = false;
+            described = !describe(format.file_name).failed();
+          },
+          [&described](int) { EXPECT_FALSE(described); });
+      EXPECT_GE(failures, 1) << format.file_name;
+    }
+  }
+}
+
+TEST_F(BinaryHeaders, refuse_counts_and_cell_sizes_that_no_grid_has) {
+  const float nan = std::numeric_limits<float>::quiet_NaN();
+  const std::string encom = sample_bytes(11);
+  EXPECT_EQ(describe("a.grd", with(encom, 196, 0.5F)), counts_unsound);
+  EXPECT_EQ(describe("a.grd", with(encom, 196, -6.0F)), counts_unsound);
+  EXPECT_EQ(describe("a.grd", with(encom, 196, nan)), counts_unsound);
+  EXPECT_EQ(describe("a.grd", with(encom, 196, 1.0E20F)), counts_unsound);
+  EXPECT_EQ(describe("a.grd", with(encom, 188, 2.0E9F)), cells_missing);
+  EXPECT_EQ(describe("a.grd", with(encom, 188, 5.0F)), cells_missing);
+  EXPECT_EQ(describe("a.grd", with(encom, 220, 0.0F)), cell_size_unsound);
+  EXPECT_EQ(describe("a.grd", with(encom, 228, -5.0F)), cell_size_unsound);
+  EXPECT_EQ(describe("a.grd", with(encom, 220, nan)), cell_size_unsound);
+  EXPECT_EQ(describe("a.grd", with(encom, 204, nan)), limits_unsound);
+  const std::string tile = sample_bytes(16);
+  EXPECT_EQ(describe("a.dt1", with(tile, 47, '1')), cells_missing);
+  EXPECT_EQ(describe("a.dt1", with(tile, 4, 'x')), number_unreadable);
+  EXPECT_EQ(describe("a.dt1", with(tile, 50, '.')), number_unreadable);
+  EXPECT_EQ(describe("a.dt1", with(with(tile, 50, '1'), 49, '0')), cell_size_unsound);
+}
+
+TEST_F(BinaryHeaders, hemispheres_of_a_dted_tile_make_negative_degrees) {
+  ASSERT_EQ(describe("a.dt2", with(with(sample_bytes(16), 11, 'W'), 19, 'N')), success);
+  EXPECT_EQ(grid.ints.format_code, 17);
+  EXPECT_EQ(grid.reals.x_min, -5.0);
+  EXPECT_EQ(grid.reals.y_min, 3.0);
+}
+
+TEST_F(BinaryHeaders, record_lengths_mend_counts_that_single_precision_cut_short) {
+  testing::sample_grid sample = small_sample();
+  sample.lattice.x_min = 10.0;
+  sample.lattice.x_cell = 0.1;  // as a float a hair above, so that 5 cells do not fit the limits
+  std::string (*const as_records)(const testing::sample_grid&) = foreign_formats()[0].bytes;
+  ASSERT_EQ(describe("a.grd", as_records(sample)), success);
+  EXPECT_EQ(grid.ints.x_count, 6);
+  EXPECT_EQ(grid.ints.y_count, 4);
+  // Nothing tells of a sixth column here.
+  ASSERT_EQ(describe("a.grd", with(as_records(sample), 36, 0)), success);
+  EXPECT_EQ(grid.ints.x_count, 5);
+}
+
+TEST_F(BinaryHeaders, tiles_take_their_corner_from_their_own_name) {
+  struct example {
+    const char* name;
+    Status status;
+    double x_min, y_min;
+  };
+  const example examples[] = {
+      {"s33w071.hgt", success, -71, -33},
+      {"N45E006_SRTM3.hgt", success, 6, 45},
+      {"n00e000.hgt", success, 0, 0},
+      {"N12.tiles/E W/S07E0135.v2.hgt", success, 135, -7},
+      {"h\xC3\xB6he/data\\S07E0135.hgt", success, 135, -7},
+      {"N45X006.hgt", tile_name_without_longitude, 0, 0},
+      {"E.tiles/n45.hgt", tile_name_without_longitude, 0, 0},
+      {"elevation.hgt", number_unreadable, 0, 0},
+      {"N45E.hgt", number_unreadable, 0, 0},
+  };
+  for (const example& e : examples) {
+    EXPECT_EQ(describe_tile(e.name, 2884802), e.status) << e.name;
+    if (e.status == success) {
+      EXPECT_EQ(grid.reals.x_min, e.x_min) << e.name;
+      EXPECT_EQ(grid.reals.y_min, e.y_min) << e.name;
+      EXPECT_EQ(grid.reals.x_max, e.x_min + 1.0) << e.name;
+    }
+  }
+}
+
+TEST_F(BinaryHeaders, tiles_without_a_header_have_a_fixed_layout) {
+  ASSERT_EQ(describe_tile("N45W120.hgt", 25934402), success);
+  EXPECT_EQ(grid.ints.format_code, 17);
+  EXPECT_EQ(grid.ints.data_offset, 0);
+  EXPECT_EQ(grid.ints.element_code, -2);
+  EXPECT_EQ(grid.ints.storage_sense, -2);
+  EXPECT_EQ(grid.ints.element_kind, 1);
+  EXPECT_EQ(grid.ints.x_count, 3601);
+  EXPECT_EQ(grid.reals.y_cell, 1.0 / 3600.0);
+  EXPECT_EQ(grid.reals.dummy_value, -32768.0);
+
+  ASSERT_EQ(describe_tile("S45E120.xi", 12500000), success);
+  EXPECT_EQ(grid.ints.format_code, 25);
+  EXPECT_EQ(grid.ints.element_code, -2);
+  EXPECT_EQ(grid.ints.storage_sense, -1);
+  EXPECT_EQ(grid.ints.x_count, 2500);
+  EXPECT_EQ(grid.reals.x_min, 120.0);
+  EXPECT_EQ(grid.reals.y_min, -45.0);
+  EXPECT_EQ(grid.reals.y_max, -40.0);
+  EXPECT_EQ(grid.reals.x_cell, 0.002);
+  EXPECT_EQ(grid.reals.dummy_value, -32768.0);
+  ASSERT_EQ(describe_tile("S45E120.ga2", 25000000), success);
+  EXPECT_EQ(grid.reals.dummy_value, -2147483648.0);
+  EXPECT_EQ(describe_tile("S45E120.ga2", 24999999), cells_missing);
+  EXPECT_EQ(describe_tile("s45e120.ga", 25000000), tile_name_without_longitude);
+}
+
+}  // namespace
+}  // namespace velmorankite
