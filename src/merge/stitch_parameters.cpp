@@ -17,20 +17,20 @@ constexpr std::int32_t longest_row = 0x7FFFFFFF / 4;
 // One field, the value in the shortest form that reads back as itself, and whether it will do.
 struct parameter_rule {
   int definitions_line;
+  bool holds;
   std::string_view field;
   std::string value;
-  bool holds;
   std::string_view expected;
 };
 
 template <typename T>
 parameter_rule finite(int line, std::string_view field, T value) {
-  return {line, field, shortest(value), std::isfinite(value), "a finite number"};
+  return {line, std::isfinite(value), field, shortest(value), "a finite number"};
 }
 
 template <typename T>
 parameter_rule above_zero(int line, std::string_view field, T value) {
-  return {line, field, shortest(value), std::isfinite(value) && value > 0,
+  return {line, std::isfinite(value) && value > 0, field, shortest(value),
           "a finite number above 0"};
 }
 
@@ -38,22 +38,22 @@ parameter_rule above_zero(int line, std::string_view field, T value) {
 
 std::optional<parameter_fault> find_fault(const stitch_parameters& p) {
   const parameter_rule rules[] = {
-      {7, "correction_distance", shortest(p.correction_distance),
-       std::isfinite(p.correction_distance) && p.correction_distance <= 0.0F,
+      {7, std::isfinite(p.correction_distance) && p.correction_distance <= 0.0F,
+       "correction_distance", shortest(p.correction_distance),
        "0 (the seam correction is not available yet)"},
-      {8, "adjusted_grid", shortest(p.adjusted_grid), p.adjusted_grid == 0 || p.adjusted_grid == 1,
+      {8, p.adjusted_grid == 0 || p.adjusted_grid == 1, "adjusted_grid", shortest(p.adjusted_grid),
        "0 or 1"},
       above_zero(9, "blend_width", p.blend_width),
       finite(10, "band_margin", p.band_margin),
       finite(12, "lattice_x_min", p.lattice.x_min),
       finite(12, "lattice_x_max", p.lattice_x_max),
       above_zero(12, "lattice_cell_x", p.lattice.x_cell),
-      {12, "lattice_nx", shortest(p.lattice.x_count),
-       p.lattice.x_count >= 1 && p.lattice.x_count <= longest_row, "a count from 1 to 536870911"},
+      {12, p.lattice.x_count >= 1 && p.lattice.x_count <= longest_row, "lattice_nx",
+       shortest(p.lattice.x_count), "a count from 1 to 536870911"},
       finite(13, "lattice_y_min", p.lattice.y_min),
       finite(13, "lattice_y_max", p.lattice_y_max),
       above_zero(13, "lattice_cell_y", p.lattice.y_cell),
-      {13, "lattice_ny", shortest(p.lattice.y_count), p.lattice.y_count >= 1,
+      {13, p.lattice.y_count >= 1, "lattice_ny", shortest(p.lattice.y_count),
        "a count of at least 1"},
   };
   for (const parameter_rule& rule : rules) {

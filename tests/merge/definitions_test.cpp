@@ -22,7 +22,7 @@ class Definitions : public ::testing::Test {
   // Puts `text` in place of one of the 13 lines.
   void put(std::size_t line, std::string text) { lines.at(line - 1) = std::move(text); }
 
-  merge_definitions read(const std::string& line_end = "\n") const {
+  [[nodiscard]] merge_definitions read(const std::string& line_end = "\n") const {
     std::string text;
     for (const std::string& line : lines) {
       text += line + line_end;
@@ -32,7 +32,7 @@ class Definitions : public ::testing::Test {
   }
 
   // What the refusal says behind the file's name; empty if it is read.
-  std::string refusal() const {
+  [[nodiscard]] std::string refusal() const {
     try {
       (void)read();
     } catch (const platform::IoError& error) {

@@ -86,7 +86,7 @@ class Runs : public ::testing::Test {
     }
   }
 
-  std::vector<float> column(float merge_cell::*field) const {
+  [[nodiscard]] std::vector<float> column(float merge_cell::*field) const {
     std::vector<float> values;
     for (const merge_cell& cell : cells) {
       values.push_back(cell.*field);
