@@ -1,0 +1,193 @@
+// SPDX-License-Identifier: MIT
+#include "merge/stitch.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <span>
+#include <vector>
+
+#include "grid/cell_interpolation.h"
+#include "grid/cell_position.h"
+#include "grid/standard_header.h"
+#include "merge/marked_weight.h"
+#include "merge/merge_rule.h"
+#include "merge/seam.h"
+#include "platform/scratch_file.h"
+
+namespace velmorankite {
+namespace {
+
+// Rows of the output are written in blocks of about this size.
+constexpr std::size_t block_bytes = std::size_t{1} << 20;
+
+// Columns or rows of the output that lie in the working window, counted from 0, the last excluded.
+struct index_range {
+  std::size_t begin = 0;
+  std::size_t end = 0;
+};
+
+// A window may reach beyond the last column of the output, whose count its limits do not know.
+index_range in_output(std::int32_t first, std::int32_t last, std::int32_t window_count,
+                      std::int32_t output_count) {
+  const std::int64_t end = std::min(
+      {std::int64_t{last}, std::int64_t{first} + window_count - 1, std::int64_t{output_count}});
+  const std::int64_t begin = std::min(std::int64_t{first} - 1, std::max(end, std::int64_t{0}));
+  return {static_cast<std::size_t>(begin), static_cast<std::size_t>(std::max(begin, end))};
+}
+
+// Makes the rows of the merged grid, from the bottom up.
+class MergedRows {
+ public:
+  MergedRows(const stitch_parameters& parameters, const input_grid& grid_1,
+             const input_grid& grid_2, const seam& measured);
+
+  // Row `row` of the output, from 1.
+  void make(std::int32_t row, std::span<float> out);
+
+  [[nodiscard]] std::int64_t blended_cells() const noexcept { return blended_cells_; }
+
+ private:
+  [[nodiscard]] bool window_x_agrees() const;
+  [[nodiscard]] merge_run run(std::span<float> out, std::size_t begin, std::size_t end) const;
+  void resample(double y, std::size_t begin, std::size_t end, std::span<float> out);
+  void make_window_part(std::int32_t row, std::span<float> out);
+
+  const seam& seam_;
+  Lattice lattice_;
+  levelling level_;
+  index_range columns_;  // of the window
+  index_range rows_;
+  std::vector<double> x_;
+  std::vector<float> values_2_;
+  std::vector<float> correction_;  // no correction is 0 everywhere
+  std::vector<float> weights_;     // of the window's part of the row
+  bool x_agrees_;
+  CellInterpolator cells_1_;
+  CellInterpolator cells_2_;
+  std::int64_t blended_cells_ = 0;
+};
+
+MergedRows::MergedRows(const stitch_parameters& parameters, const input_grid& grid_1,
+                       const input_grid& grid_2, const seam& measured)
+    : seam_(measured),
+      lattice_(parameters.lattice),
+      level_{parameters.adjusted_grid, measured.mismatch.offset},
+      columns_(in_output(measured.band.window.first_column, measured.band.window.last_column,
+                         measured.band.window.lattice.x_count, lattice_.x_count)),
+      rows_(in_output(measured.band.window.first_row, measured.band.window.last_row,
+                      measured.band.window.lattice.y_count, lattice_.y_count)),
+      x_(static_cast<std::size_t>(lattice_.x_count)),
+      values_2_(x_.size()),
+      correction_(x_.size(), 0.0F),
+      weights_(columns_.end - columns_.begin),
+      cells_1_(grid_1.path, grid_1.description),
+      cells_2_(grid_2.path, grid_2.description) {
+  for (std::int32_t column = 1; column <= lattice_.x_count; ++column) {
+    x_[static_cast<std::size_t>(column - 1)] = lattice_.x(column);
+  }
+  x_agrees_ = window_x_agrees();
+}
+
+// Whether the window's columns lie on those of the output to the last bit: they are counted from
+// another origin, and a sum may round differently.
+bool MergedRows::window_x_agrees() const {
+  for (std::size_t column = columns_.begin; column < columns_.end; ++column) {
+    const auto in_window = static_cast<std::int32_t>(column - columns_.begin) + 1;
+    if (seam_.band.window.lattice.x(in_window) != x_[column]) {
+      return false;
+    }
+  }
+  return true;
+}
+
+merge_run MergedRows::run(std::span<float> out, std::size_t begin, std::size_t end) const {
+  const auto part = [=](auto cells) { return std::span(cells).subspan(begin, end - begin); };
+  return {part(out), part(std::span(values_2_)), part(std::span(correction_))};
+}
+
+void MergedRows::resample(double y, std::size_t begin, std::size_t end, std::span<float> out) {
+  const std::span<const double> x = std::span<const double>(x_).subspan(begin, end - begin);
+  cells_1_.row(x, y, out.subspan(begin, end - begin));
+  cells_2_.row(x, y, std::span(values_2_).subspan(begin, end - begin));
+}
+
+void MergedRows::make(std::int32_t row, std::span<float> out) {
+  const auto index = static_cast<std::size_t>(row - 1);
+  if (index < rows_.begin || index >= rows_.end) {
+    resample(lattice_.y(row), 0, out.size(), out);
+    merge_outside(run(out, 0, out.size()), level_);
+    return;
+  }
+  make_window_part(row, out);
+  merge_outside(run(out, 0, columns_.begin), level_);
+  merge_outside(run(out, columns_.end, out.size()), level_);
+}
+
+// Leaves the resampled grids on the columns beside the window and the merged values on those of
+// the window. Where window and output agree to the bit, the grids need not be resampled again on
+// the window: the filled grids hold their values, and the marks say where.
+void MergedRows::make_window_part(std::int32_t row, std::span<float> out) {
+  const auto row_in_window =
+      static_cast<std::int32_t>(static_cast<std::size_t>(row - 1) - rows_.begin) + 1;
+  const Lattice& window = seam_.band.window.lattice;
+  const std::size_t width = columns_.end - columns_.begin;
+  const auto window_part = [&](const platform::LargeArray<float>& cells) {
+    const auto stride = static_cast<std::size_t>(window.x_count);
+    return cells.span().subspan(static_cast<std::size_t>(row_in_window - 1) * stride, width);
+  };
+  const window_run filled{weights_, window_part(seam_.filled_1), window_part(seam_.filled_2)};
+  const double y = lattice_.y(row);
+  const bool agrees = x_agrees_ && window.y(row_in_window) == y;
+
+  unmark_weights(window_part(seam_.band.weights), filled.filled_1, filled.filled_2,
+                 out.subspan(columns_.begin, width),
+                 std::span(values_2_).subspan(columns_.begin, width), weights_);
+  if (agrees) {
+    resample(y, 0, columns_.begin, out);
+    resample(y, columns_.end, out.size(), out);
+  } else {
+    resample(y, 0, out.size(), out);
+  }
+  blended_cells_ += merge_inside(run(out, columns_.begin, columns_.end), filled, level_);
+}
+
+void write_grid(const stitch_parameters& parameters, MergedRows& rows) {
+  const Lattice& lattice = parameters.lattice;
+  platform::StagedFile output(parameters.output_path);
+  OUTPUT_GEOSOFT_HEADER(output.file(), float_grid_header(lattice));
+  const auto width = static_cast<std::size_t>(lattice.x_count);
+  const std::size_t rows_a_block = std::max(std::size_t{1}, block_bytes / (width * sizeof(float)));
+  std::vector<float> block(rows_a_block * width);
+  std::int32_t done = 0;
+  while (done < lattice.y_count) {
+    const std::int64_t position = GRDCELLPOS(sense_bottom_up, standard_header_bytes, sizeof(float),
+                                             lattice.x_count, lattice.y_count, done + 1, 1);
+    std::size_t held = 0;
+    while (held < rows_a_block && done < lattice.y_count) {
+      rows.make(++done, std::span(block).subspan(held++ * width, width));
+    }
+    output.file().write_values(position, std::span<const float>(block).first(held * width));
+  }
+  output.commit();
+}
+
+}  // namespace
+
+Status GRIDSTITCH(const stitch_parameters& parameters, const input_grid& grid_1,
+                  const input_grid& grid_2, stitch_line& line, stitch_summary& summary,
+                  std::string& why) {
+  if (const auto fault = find_fault(parameters)) {
+    why = fault->text;
+    return stitch_impossible;
+  }
+  seam measured;
+  if (GRDSTITCHW(parameters, grid_1, grid_2, line, measured, why).failed()) {
+    return stitch_impossible;
+  }
+  MergedRows rows(parameters, grid_1, grid_2, measured);
+  write_grid(parameters, rows);
+  summary = {measured.mismatch, rows.blended_cells()};
+  return success;
+}
+
+}  // namespace velmorankite

@@ -1,0 +1,36 @@
+// Joining two grids along a line: the merged grid, row by row.
+// SPDX-License-Identifier: MIT
+#pragma once
+#include <cstdint>
+#include <string>
+
+#include "grid/status.h"
+#include "merge/seam_mismatch.h"
+#include "merge/stitch_line.h"
+#include "merge/stitch_parameters.h"
+
+namespace velmorankite {
+
+// What there is to tell of a stitch that was done.
+struct stitch_summary {
+  seam_mismatch mismatch;
+  std::int64_t blended_cells = 0;  // of the output, those that hold a blend of both grids
+};
+
+inline constexpr Status stitch_impossible{-1};
+
+// Joins two grids along a line and writes the merged grid and `<stem>_mismatch.dat`.
+//   parameters      see stitch_parameters.h; values with which no stitch can be done are refused
+//   grid_1, grid_2  standard grids of 4-byte floats, grid 1 on the right of the line
+//   line            gets its second vertex appended if it closes on itself
+//   summary         out
+//   why             out: a sentence, when the status is not success
+// Status: success or stitch_impossible, then without a merged grid. That appears under its name
+// only when it is complete. Throws IoError.
+// Memory: three floats a cell of the working window and the pyramid of one fill beside some rows;
+// the grids themselves are read by rows, and may be much larger.
+Status GRIDSTITCH(const stitch_parameters& parameters, const input_grid& grid_1,
+                  const input_grid& grid_2, stitch_line& line, stitch_summary& summary,
+                  std::string& why);
+
+}  // namespace velmorankite
