@@ -1,0 +1,253 @@
+// SPDX-License-Identifier: MIT
+#include "merge/driver.h"
+
+#include <array>
+#include <cstdio>
+#include <string>
+
+#include "formats/describe_grid.h"
+#include "formats/header_status.h"
+#include "grid/cell_position.h"
+#include "grid/standard_header.h"
+#include "merge/definitions.h"
+#include "merge/stitch.h"
+#include "merge/stitch_line.h"
+#include "platform/number_edit.h"
+#include "platform/scratch_file.h"
+
+namespace velmorankite {
+namespace {
+
+using platform::fixed_edit;
+using platform::integer_edit;
+
+constexpr std::string_view banner[] = {
+    "",
+    "          ***************************************************",
+    "          *                                                 *",
+    "          *     Velmorankite - Version 5.01              *",
+    "          *                                                 *",
+    "          *                                                 *",
+    "          *     a program to perform grid stitching         *",
+    "          *                                                 *",
+    "          *                                                 *",
+    "          *                   April,  2022                  *",
+    "          *                                                 *",
+    "          ***************************************************",
+    "",
+};
+
+// A line on which a seam can be measured.
+constexpr std::size_t least_vertices = 3;
+
+struct status_words {
+  Status status;
+  std::string_view words;
+};
+constexpr status_words description_failures[] = {
+    {name_too_short, "its name is too short"},
+    {file_missing, "there is no such file"},
+    {file_empty, "the file is empty"},
+    {format_unknown, "its format is not recognised"},
+    {first_bytes_unreadable, "its first bytes cannot be read"},
+    {header_file_missing, "the header file beside it is missing"},
+    {header_too_short, "the file ends inside its header"},
+    {number_unreadable, "no number stands in its header where one must"},
+    {counts_unsound, "its header has counts of cells that no grid can have"},
+    {cell_size_unsound, "its header has a cell size that is not above 0"},
+    {limits_unsound, "its header has a limit that is no number"},
+    {cells_missing, "the file is too short for the counts in its header"},
+    {table_too_long, "a table of its header is longer than can be"},
+    {pointer_outside, "its header points outside the file"},
+    {layout_unsupported, "its cells are of a type that cannot be read"},
+};
+
+std::string words_of(Status status) {
+  for (const status_words& row : description_failures) {
+    if (row.status == status) {
+      return std::string(row.words);
+    }
+  }
+  return "its header cannot be used, status " + std::to_string(status.code);
+}
+
+// A grid that the stitch can read, and the scratch file that holds it where it had to be made.
+struct prepared_grid {
+  input_grid grid;
+  platform::ScratchFile converted;
+};
+
+// What the stitch reads in place: its rows must be those of the lattice, its cells true values.
+bool is_read_in_place(const grid_description& grid) {
+  return is_plain_standard(grid.ints) && grid.ints.element_code == sizeof(float) &&
+         grid.ints.element_kind == kind_float &&
+         (grid.ints.storage_sense == sense_bottom_up ||
+          grid.ints.storage_sense == sense_top_down) &&
+         grid.reals.z_base == 0.0 && grid.reals.z_mult == 1.0;
+}
+
+// One run, step by step. A step that gives nothing or false has said why the run stops.
+class MergeRun {
+ public:
+  explicit MergeRun(const run_output& output) : output_(output) {}
+
+  void run(std::string_view definitions_path);
+
+ private:
+  [[nodiscard]] std::optional<prepared_grid> prepare(int number,
+                                                     const std::filesystem::path& path) const;
+  bool describe(const std::filesystem::path& path, grid_description& grid) const;
+  bool convert(const std::filesystem::path& path, prepared_grid& prepared) const;
+  void report(int number, const grid_description& grid) const;
+  bool read_line(const std::filesystem::path& path, double minimum_distance,
+                 stitch_line& line) const;
+  void stitch(const stitch_parameters& parameters, const input_grid& grid_1,
+              const input_grid& grid_2, stitch_line& line) const;
+  void summarise(const stitch_summary& summary) const;
+
+  void say(std::string_view line) const { output_.console(line); }
+  void remark(const std::filesystem::path& path, std::string_view words) const {
+    std::string text = path.string();
+    output_.remarks(text.append(": ").append(words));
+  }
+
+  const run_output& output_;
+};
+
+bool MergeRun::describe(const std::filesystem::path& path, grid_description& grid) const {
+  grid_texts texts;
+  const Status status = GRDRDH(path.string(), grid, texts);
+  for (const std::string& advice : texts.advice) {
+    remark(path, advice);
+  }
+  if (status.failed()) {
+    say("Failed to determine the grid file format");
+    remark(path, words_of(status));
+    return false;
+  }
+  return true;
+}
+
+// Puts a standard grid with the cells of `path` in place of `prepared`.
+bool MergeRun::convert(const std::filesystem::path& path, prepared_grid& prepared) const {
+  const grid_description& grid = prepared.grid.description;
+  remark(path,
+         "only plain standard grids can be read yet: 4-byte floats by rows, z_base 0 and "
+         "z_mult 1; found are format " +
+             std::to_string(grid.ints.format_code) + ", element code " +
+             std::to_string(grid.ints.element_code) + ", kind " +
+             std::to_string(grid.ints.element_kind) + ", storage sense " +
+             std::to_string(grid.ints.storage_sense) + ", z_base " +
+             std::to_string(grid.reals.z_base) + " and z_mult " +
+             std::to_string(grid.reals.z_mult));
+  return false;
+}
+
+std::optional<prepared_grid> MergeRun::prepare(int number,
+                                               const std::filesystem::path& path) const {
+  prepared_grid prepared{{path, {}}, {}};
+  if (!describe(path, prepared.grid.description)) {
+    return std::nullopt;
+  }
+  if (!is_read_in_place(prepared.grid.description)) {
+    const std::string file = "the input grid file " + std::to_string(number);
+    say("Convert " + file + " to standard Geosoft");
+    if (!convert(path, prepared)) {
+      say("Failed to read " + file);
+      return std::nullopt;
+    }
+  }
+  report(number, prepared.grid.description);
+  return prepared;
+}
+
+void MergeRun::report(int number, const grid_description& grid) const {
+  const auto pair = [](double a, double b) { return fixed_edit(a, 18, 6) + fixed_edit(b, 18, 6); };
+  const grid_reals& reals = grid.reals;
+  say("");
+  say("Grid limits " + std::to_string(number) + ":");
+  say(pair(reals.x_min, reals.x_max));
+  say(pair(reals.y_min, reals.y_max));
+  say("");
+  say("Grid cell sizes:");
+  say(pair(reals.x_cell, reals.y_cell));
+  say("");
+  say("Grid num cells:");
+  say(integer_edit(grid.ints.x_count, 8) + integer_edit(grid.ints.y_count, 8));
+}
+
+bool MergeRun::read_line(const std::filesystem::path& path, double minimum_distance,
+                         stitch_line& line) const {
+  std::string why;
+  if (RDSTITCHDXF(path, minimum_distance, line, why).failed()) {
+    output_.remarks(why);
+    return false;
+  }
+  if (line.x.size() < least_vertices) {
+    remark(path, "the stitch line keeps " + std::to_string(line.x.size()) + " vertices, " +
+                     std::to_string(least_vertices) + " are needed");
+    return false;
+  }
+  return true;
+}
+
+void MergeRun::stitch(const stitch_parameters& parameters, const input_grid& grid_1,
+                      const input_grid& grid_2, stitch_line& line) const {
+  stitch_summary summary;
+  std::string why;
+  if (GRIDSTITCH(parameters, grid_1, grid_2, line, summary, why).failed()) {
+    output_.remarks("no merged grid: " + why);
+    return;
+  }
+  summarise(summary);
+}
+
+void MergeRun::summarise(const stitch_summary& summary) const {
+  const seam_mismatch& m = summary.mismatch;
+  std::array<char, 256> text{};
+  std::snprintf(text.data(), text.size(),
+                "offset %g (grid 1 minus grid 2 on %lld samples), %lld blended cells, residual "
+                "along the line %g rms before, %g after",
+                static_cast<double>(m.offset), static_cast<long long>(m.sample_count),
+                static_cast<long long>(summary.blended_cells), m.rms_before, m.rms_after);
+  output_.remarks(text.data());
+}
+
+void MergeRun::run(std::string_view definitions_path) {
+  std::string starting = "Starting Velmorankite with parameters from: ";
+  say(starting.append(definitions_path));
+  const merge_definitions definitions = read_definitions(definitions_path);
+  say("Parameters read correctly");
+
+  const auto grid_1 = prepare(1, definitions.grid_1_file);
+  if (!grid_1) {
+    return;
+  }
+  const auto grid_2 = prepare(2, definitions.grid_2_file);
+  if (!grid_2) {
+    return;
+  }
+  stitch_line line;
+  if (!read_line(definitions.stitch_line_file, grid_1->grid.description.reals.x_cell, line)) {
+    return;
+  }
+  stitch(definitions.stitch, grid_1->grid, grid_2->grid, line);
+  say("");
+  say("Completed Velmorankite");
+}
+
+}  // namespace
+
+void run_merge(std::optional<std::string_view> definitions, const run_output& output) {
+  for (const std::string_view line : banner) {
+    output.console(line);
+  }
+  if (!definitions) {
+    output.console("Usage: Velmorankite mergedefs.trs");
+    return;
+  }
+  const std::size_t last = definitions->find_last_not_of(' ');
+  MergeRun(output).run(definitions->substr(0, last + 1));
+}
+
+}  // namespace velmorankite

@@ -1,0 +1,52 @@
+// The program: one argument, the definitions file.
+// SPDX-License-Identifier: MIT
+#include <cstdio>
+#include <exception>
+#include <new>
+#include <optional>
+#include <string_view>
+
+#include "merge/driver.h"
+#include "platform/process.h"
+#include "platform/scratch_file.h"
+
+namespace {
+
+constexpr int exit_failed_file = 2;
+
+void write_line(std::FILE* stream, std::string_view line) {
+  std::fwrite(line.data(), 1, line.size(), stream);
+  std::fputc('\n', stream);
+  std::fflush(stream);  // both streams in the order in which things happen
+}
+
+void remark(std::string_view words) {
+  std::fputs("velmorankite: ", stderr);
+  write_line(stderr, words);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    velmorankite::platform::remove_scratch_on_signals();
+    velmorankite::platform::make_write_signals_errors();
+    std::optional<std::string_view> definitions;
+    if (argc > 1) {
+      definitions = argv[1];
+    }
+    velmorankite::run_merge(definitions,
+                            {[](std::string_view line) { write_line(stdout, line); }, remark});
+  } catch (const std::bad_alloc&) {
+    remark("not enough memory");
+    return exit_failed_file;
+  } catch (const std::exception& failure) {
+    remark(failure.what());
+    return exit_failed_file;
+  }
+  if (std::ferror(stdout) != 0) {
+    remark("standard output: cannot be written");
+    return exit_failed_file;
+  }
+  return 0;
+}
