@@ -11,7 +11,6 @@
 namespace velmorankite {
 namespace {
 
-constexpr double surfer_blank = 1.701410009187828E+38;
 constexpr std::int32_t surfer_header_lines = 5;
 
 bool read_pair(platform::TextReader& reader, platform::list_item first,
