@@ -1,10 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "platform/process.h"
 
+#include <algorithm>
 #include <csignal>
 #include <cstdlib>
 
 namespace velmorankite::platform {
+namespace {
+
+#if defined(_WIN32)
+constexpr char folder_separator = ';';
+#else
+constexpr char folder_separator = ':';
+#endif
+
+}  // namespace
 
 std::optional<std::string> environment(const std::string& name) {
   const char* const text = std::getenv(name.c_str());
@@ -12,6 +22,18 @@ std::optional<std::string> environment(const std::string& name) {
     return std::nullopt;
   }
   return text;
+}
+
+std::vector<std::filesystem::path> folders_in(const std::string& name) {
+  std::vector<std::filesystem::path> folders;
+  const std::optional<std::string> list = environment(name);
+  for (std::size_t at = 0; list && at <= list->size();) {
+    const std::size_t end = std::min(list->find(folder_separator, at), list->size());
+    const std::string folder = list->substr(at, end - at);
+    folders.emplace_back(folder.empty() ? "." : folder);
+    at = end + 1;
+  }
+  return folders;
 }
 
 void make_write_signals_errors() {
