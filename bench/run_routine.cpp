@@ -1,0 +1,92 @@
+// Runs one library routine from file to file, for bench/compare:
+// velmorankite_bench_routine NAME ARGUMENT...
+// SPDX-License-Identifier: MIT
+#include <cmath>
+#include <iostream>
+#include <span>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "formats/describe_grid.h"
+#include "grid/cell_interpolation.h"
+#include "grid/grid_rows.h"
+#include "platform/binary_file.h"
+
+namespace velmorankite::bench {
+namespace {
+
+using Arguments = std::span<const std::string>;
+
+grid_description describe(const std::string& path) {
+  grid_description grid;
+  grid_texts texts;
+  if (GRDRDH(path, grid, texts).code < 0) {
+    throw std::runtime_error(path + ": not a grid");
+  }
+  return grid;
+}
+
+void require(Status status, const char* routine) {
+  if (status.code < 0) {
+    throw std::runtime_error(std::string(routine) + " failed: " + std::to_string(status.code));
+  }
+}
+
+// IN ON OUT: the grid IN on the lattice of the grid ON, a row a call, as a stitch does it.
+void sample(Arguments arguments) {
+  const grid_description grid = describe(arguments[0]);
+  const Lattice lattice = lattice_of(describe(arguments[1]));
+  const RowLayout layout{sense_bottom_up, lattice.x_count, lattice.y_count};
+  platform::BinaryFile out(arguments[2], platform::open_mode::create);
+  OUTPUT_GEOSOFT_HEADER(out, float_grid_header(lattice));
+  const auto width = static_cast<std::size_t>(lattice.x_count);
+  std::vector<double> x(width);
+  std::vector<double> y(width);
+  std::vector<float> values(width);
+  for (std::int32_t column = 1; column <= lattice.x_count; ++column) {
+    x[static_cast<std::size_t>(column - 1)] = lattice.x(column);
+  }
+  for (std::int32_t row = 1; row <= lattice.y_count; ++row) {
+    std::fill(y.begin(), y.end(), lattice.y(row));
+    std::int32_t mode = 1;
+    require(GEO_CELL_INTERPOLATION(0, arguments[0], grid, {}, mode, lattice.x_count, x, y, values),
+            "GEO_CELL_INTERPOLATION");
+    write_row(out, layout, row, values);
+  }
+  out.close();
+}
+
+struct Routine {
+  std::string_view name;
+  std::size_t argument_count;
+  void (*run)(Arguments);
+};
+
+constexpr Routine routines[] = {
+    {"sample", 3, sample},
+};
+
+int run(Arguments arguments) {
+  for (const Routine& routine : routines) {
+    if (!arguments.empty() && arguments[0] == routine.name &&
+        arguments.size() == routine.argument_count + 1) {
+      routine.run(arguments.subspan(1));
+      return 0;
+    }
+  }
+  std::cerr << "no such routine, or not its arguments\n";
+  return 2;
+}
+
+}  // namespace
+}  // namespace velmorankite::bench
+
+int main(int argc, char** argv) try {
+  const std::vector<std::string> arguments(argv + 1, argv + argc);
+  return velmorankite::bench::run(arguments);
+} catch (const std::exception& failure) {
+  std::cerr << failure.what() << '\n';
+  return 2;
+}
