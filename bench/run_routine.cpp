@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "condition/hole_filling.h"
 #include "formats/describe_grid.h"
 #include "grid/cell_interpolation.h"
 #include "grid/grid_rows.h"
@@ -58,6 +59,17 @@ void sample(Arguments arguments) {
   out.close();
 }
 
+// IN OUT: all blanks of a grid filled.
+void fill(Arguments arguments) {
+  constexpr std::int32_t multi_level_road = 1;
+  float minimum = 0.0F;
+  float maximum = 0.0F;
+  std::int64_t filled_count = 0;
+  require(
+      GRID_FILL(arguments[0], arguments[1], multi_level_road, 0, minimum, maximum, filled_count),
+      "GRID_FILL");
+}
+
 struct Routine {
   std::string_view name;
   std::size_t argument_count;
@@ -65,6 +77,7 @@ struct Routine {
 };
 
 constexpr Routine routines[] = {
+    {"fill", 2, fill},
     {"sample", 3, sample},
 };
 
