@@ -29,7 +29,7 @@ LINE = [
 ]  # fmt: skip
 # Degrees east and north, and radius in minutes.
 HOLES_1 = [(12.90, 42.60, 18.0)]
-HOLES_2 = [(15.95, 43.20, 35.0), (20.50, 44.20, 45.0), (20.20, 37.10, 40.0)]
+HOLES_2 = [(16.35, 43.05, 25.0), (20.50, 44.20, 45.0), (20.20, 37.10, 40.0)]
 
 
 def read_product(name, first_x, first_y, cell, limits):
