@@ -1,0 +1,226 @@
+// SPDX-License-Identifier: MIT
+#include "condition/padded_grid.h"
+
+#include <algorithm>
+#include <new>
+#include <optional>
+#include <span>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "condition/detrend.h"
+#include "condition/edge_taper.h"
+#include "condition/multi_level_fill.h"
+#include "formats/describe_grid.h"
+#include "grid/dummy.h"
+#include "grid/grid_rows.h"
+#include "platform/large_array.h"
+#include "platform/padded_text.h"
+#include "platform/scratch_file.h"
+
+namespace velmorankite {
+namespace {
+
+// The input, and how it lies in the padded grid.
+struct pad_job {
+  const pad_request& request;
+  platform::BinaryFile input;
+  grid_description grid;
+  RowLayout from;
+  Lattice padded;  // lattice of the padded grid
+  RowLayout to;
+
+  [[nodiscard]] bool takes_plane() const noexcept {
+    return request.detrend_mode < detrend_keeps_plane;
+  }
+  [[nodiscard]] float level() const noexcept { return takes_plane() ? 0.0F : request.average; }
+};
+
+// Whether the input with its margins lies within the padded grid.
+bool pads_enclose(const pad_request& request, const grid_description& grid) {
+  return request.column_pad >= 0 && request.row_pad >= 0 &&
+         std::int64_t{request.column_pad} + grid.ints.x_count <= request.x_count &&
+         std::int64_t{request.row_pad} + grid.ints.y_count <= request.y_count;
+}
+
+Lattice padded_lattice(const grid_description& grid, const pad_request& request) {
+  Lattice lattice = lattice_of(grid);
+  lattice.x_min -= request.column_pad * lattice.x_cell;
+  lattice.y_min -= request.row_pad * lattice.y_cell;
+  lattice.x_count = request.x_count;
+  lattice.y_count = request.y_count;
+  return lattice;
+}
+
+// Reads input row `row` and gives its cells without the plane, blanks as dummies.
+void read_input_row(const pad_job& job, std::int32_t row, std::span<float> cells) {
+  read_row(job.input, job.from, row, cells);
+  const plane& trend = job.request.trend;
+  const double y = plane_row(job.from.storage_sense, job.from.y_count, row) * job.grid.reals.y_cell;
+  for (std::size_t i = 0; i < cells.size(); ++i) {
+    if (!is_valid(cells[i])) {
+      cells[i] = dummy;
+    } else if (job.takes_plane()) {
+      const double x = static_cast<double>(i) * job.grid.reals.x_cell;
+      cells[i] =
+          static_cast<float>(static_cast<double>(cells[i]) - static_cast<double>(trend.a) -
+                             y * static_cast<double>(trend.c) - x * static_cast<double>(trend.b));
+    }
+  }
+}
+
+// The padded row before the fill: dummies but for the data of the input row in its middle.
+void place_row(const pad_job& job, std::int32_t row, std::span<float> cells) {
+  std::fill(cells.begin(), cells.end(), dummy);
+  const std::int32_t input_row = row - job.request.row_pad;
+  if (input_row >= 1 && input_row <= job.from.y_count) {
+    read_input_row(job, input_row,
+                   cells.subspan(static_cast<std::size_t>(job.request.column_pad),
+                                 static_cast<std::size_t>(job.from.x_count)));
+  }
+}
+
+standard_header header_of(const pad_job& job) {
+  standard_header header = float_grid_header(job.padded, job.from.storage_sense);
+  header.process_flag = job.request.detrend_mode;
+  header.stat_min = job.request.trend.b;
+  header.stat_max = job.request.trend.c;
+  header.stat_median = job.request.trend.a;
+  header.stat_mean = job.request.average;
+  return header;
+}
+
+// Tapers the rows and finds their range, in ascending order.
+class RowFinisher {
+ public:
+  explicit RowFinisher(const pad_job& job) : job_(job) {
+    if (job.request.taper) {
+      columns_ = taper_factors(job.request.column_pad, job.request.taper_width);
+      rows_ = taper_factors(job.request.row_pad, job.request.taper_width);
+    }
+  }
+
+  void finish(std::int32_t row, std::span<float> cells, pad_range& range) const {
+    if (job_.request.taper) {
+      taper_row(cells, row, job_.padded.y_count, columns_, rows_, job_.level());
+    }
+    if (row == 1) {
+      range = {cells.front(), cells.front()};
+    }
+    const auto [smallest, largest] = std::minmax_element(cells.begin(), cells.end());
+    range = {std::min(range.smallest, *smallest), std::max(range.largest, *largest)};
+  }
+
+ private:
+  const pad_job& job_;
+  std::vector<float> columns_;
+  std::vector<float> rows_;
+};
+
+std::span<float> row_of(std::span<float> cells, const pad_job& job, std::int32_t row) {
+  const auto width = static_cast<std::size_t>(job.padded.x_count);
+  return cells.subspan(width * static_cast<std::size_t>(row - 1), width);
+}
+
+void write_padded_header(const pad_job& job, platform::BinaryFile& padded) {
+  OUTPUT_GEOSOFT_HEADER(padded, header_of(job));
+}
+
+Status pad_whole(const pad_job& job, platform::LargeArray<float> cells,
+                 platform::BinaryFile& padded, pad_range& range) {
+  for (std::int32_t row = 1; row <= job.padded.y_count; ++row) {
+    place_row(job, row, row_of(cells.span(), job, row));
+  }
+  std::int64_t filled_count = 0;
+  if (const Status status = fill_levels(cells.span(), job.padded, filled_count); status.failed()) {
+    return status;
+  }
+  write_padded_header(job, padded);
+  const RowFinisher finisher(job);
+  for (std::int32_t row = 1; row <= job.padded.y_count; ++row) {
+    finisher.finish(row, row_of(cells.span(), job, row), range);
+    write_row(padded, job.to, row, row_of(cells.span(), job, row));
+  }
+  return success;
+}
+
+// Fills the padded file in place, level by level through files.
+Status fill_file(const std::filesystem::path& padded) {
+  fill_request fill;
+  grid_texts texts;
+  const std::string name = padded.string();
+  if (const Status status = GRDRDH(name, fill.input, texts); status.failed()) {
+    return status;
+  }
+  fill.input_name = name;
+  fill.x_count = fill.input.ints.x_count;
+  fill.y_count = fill.input.ints.y_count;
+  std::int64_t filled_count = 0;
+  level_storage by_rows;
+  by_rows.most_cells_in_memory = 0;
+  return GRDMIPMAP(fill, filled_count, by_rows);
+}
+
+Status pad_by_rows(const pad_job& job, platform::BinaryFile& padded, pad_range& range) {
+  std::vector<float> cells(static_cast<std::size_t>(job.padded.x_count));
+  write_padded_header(job, padded);
+  for (std::int32_t row = 1; row <= job.padded.y_count; ++row) {
+    place_row(job, row, cells);
+    write_row(padded, job.to, row, cells);
+  }
+  padded.close();
+  if (const Status status = fill_file(padded.path()); status.failed()) {
+    return status;
+  }
+  padded = platform::BinaryFile(padded.path(), platform::open_mode::read_write);
+  const RowFinisher finisher(job);
+  for (std::int32_t row = 1; row <= job.padded.y_count; ++row) {
+    read_row(padded, job.to, row, cells);
+    finisher.finish(row, cells, range);
+    write_row(padded, job.to, row, cells);
+  }
+  return success;
+}
+
+std::optional<platform::LargeArray<float>> whole_grid(const Lattice& lattice) {
+  try {
+    return platform::LargeArray<float>(static_cast<std::size_t>(lattice.cell_count()));
+  } catch (const std::bad_alloc&) {
+    return std::nullopt;
+  }
+}
+
+}  // namespace
+
+Status GRDPAD(std::string_view input, const std::filesystem::path& padded,
+              const pad_request& request, pad_range& range, pad_storage storage) {
+  grid_description grid;
+  grid_texts texts;
+  if (GRDRDH(input, grid, texts).failed()) {
+    return pad_input_unreadable;
+  }
+  pad_job job{
+      request, platform::BinaryFile(platform::without_padding(input), platform::open_mode::read),
+      grid,    layout_of(grid),
+      {},      {}};
+  check_float_grid(job.input, grid);
+  if (!pads_enclose(request, grid)) {
+    return pad_size_impossible;
+  }
+  job.padded = padded_lattice(grid, request);
+  job.to = {job.from.storage_sense, request.x_count, request.y_count};
+
+  platform::ScratchFile guard(padded);
+  platform::BinaryFile file(padded, platform::open_mode::create);
+  auto cells = storage == pad_storage::whole ? whole_grid(job.padded) : std::nullopt;
+  const Status status =
+      cells ? pad_whole(job, std::move(*cells), file, range) : pad_by_rows(job, file, range);
+  file.close();
+  if (!status.failed()) {
+    guard.keep();
+  }
+  return status;
+}
+
+}  // namespace velmorankite

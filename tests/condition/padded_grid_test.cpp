@@ -1,0 +1,150 @@
+// SPDX-License-Identifier: MIT
+#include "condition/padded_grid.h"
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <cmath>
+#include <vector>
+
+#include "condition/edge_taper.h"
+#include "support/failing_system.h"
+#include "support/grids.h"
+#include "support/temporary_folder.h"
+
+namespace velmorankite {
+namespace {
+
+using testing::describe;
+using testing::first_difference;
+using testing::read_grid;
+using testing::write_grid;
+
+constexpr Lattice lattice{500.0, 900.0, 10.0, 5.0, 12, 9};
+
+float field(std::int32_t column, std::int32_t row) {
+  const bool blank = row == 5 || (column > 4 && column < 8 && row > 6);
+  return blank ? dummy : 40.0F + static_cast<float>(3 * column - 2 * row + column * row % 5);
+}
+
+class PaddedGrid : public ::testing::Test {
+ protected:
+  PaddedGrid() {
+    request.taper = true;
+    request.taper_width = 4;
+    request.column_pad = 13;
+    request.row_pad = 13;
+    request.x_count = 38;
+    request.y_count = 35;
+    request.average = 44.0F;
+    request.trend = {41.0F, 0.25F, -0.5F};
+  }
+
+  std::vector<float> padded(std::int32_t sense, pad_storage storage = pad_storage::whole) {
+    write_grid(folder / "in.grd", lattice, field, sense);
+    EXPECT_EQ(GRDPAD((folder / "in.grd").string(), folder / "pad.grd", request, range, storage),
+              success);
+    return read_grid(folder / "pad.grd");
+  }
+
+  testing::TemporaryFolder folder;
+  testing::CurrentFolder inside{folder.path()};
+  pad_request request;
+  pad_range range;
+};
+
+TEST_F(PaddedGrid, data_lie_in_the_middle_less_their_plane_and_the_edges_hold_the_level) {
+  for (const std::int32_t sense : {1, -2}) {
+    for (const std::int32_t mode : {0, 2}) {
+      request.detrend_mode = mode;
+      const std::vector<float> cells = padded(sense);
+      const float level = mode == 2 ? 44.0F : 0.0F;
+      for (std::int32_t row = 1; row <= lattice.y_count; ++row) {
+        for (std::int32_t column = 1; column <= lattice.x_count; ++column) {
+          const float given = field(column, row);
+          if (!is_valid(given)) {
+            continue;
+          }
+          // On sense -2 the plane counts rows down from the highest, the first of them as 1.
+          const int t = sense == 1 ? row - 1 : lattice.y_count - row + 1;
+          const double plane = 41.0 + 0.25 * 10.0 * (column - 1) - 0.5 * 5.0 * t;
+          const double expected = mode == 2 ? given : given - plane;
+          const auto i = static_cast<std::size_t>((row + 12) * 38 + column + 12);
+          EXPECT_EQ(cells[i], static_cast<float>(expected)) << column << " " << row;
+        }
+      }
+      for (std::size_t i = 0; i < 38; ++i) {
+        EXPECT_EQ(cells[i], level);
+        EXPECT_EQ(cells[34 * 38 + i], level);
+      }
+    }
+  }
+}
+
+TEST_F(PaddedGrid, the_header_tells_a_later_run_what_it_was_made_with) {
+  request.detrend_mode = 1;
+  (void)padded(-2);
+  const grid_description grid = describe(folder / "pad.grd");
+  EXPECT_EQ(grid.ints.storage_sense, -2);
+  EXPECT_EQ(grid.ints.band_select, 1);
+  EXPECT_EQ(grid.reals.x_min, 370.0);
+  EXPECT_EQ(grid.reals.y_min, 835.0);
+  EXPECT_EQ(grid.reals.z_min, 0.25);
+  EXPECT_EQ(grid.reals.z_max, -0.5);
+  EXPECT_EQ(grid.reals.z_mid, 41.0);
+  EXPECT_EQ(grid.reals.z_spread, 44.0);
+}
+
+TEST_F(PaddedGrid, held_by_rows_it_is_the_same_to_the_bit) {
+  for (const std::int32_t sense : {1, -2}) {
+    const std::vector<float> whole = padded(sense);
+    const pad_range of_whole = range;
+    EXPECT_EQ(first_difference(whole, padded(sense, pad_storage::by_rows)), "");
+    EXPECT_EQ(range.largest, of_whole.largest);
+    EXPECT_EQ(range.smallest, of_whole.smallest);
+  }
+}
+
+TEST_F(PaddedGrid, impossible_requests_and_failing_files_leave_nothing) {
+  using names = std::vector<std::string>;
+  EXPECT_EQ(GRDPAD("missing.grd", folder / "pad.grd", request, range), pad_input_unreadable);
+  write_grid(folder / "in.grd", lattice, field);
+  const std::string input = (folder / "in.grd").string();
+  request.column_pad = 27;
+  EXPECT_EQ(GRDPAD(input, folder / "pad.grd", request, range), pad_size_impossible);
+  // Every call of a small grid fails in its turn.
+  request.column_pad = request.row_pad = 2;
+  request.x_count = request.y_count = 8;
+  write_grid(folder / "in.grd", {0.0, 0.0, 1.0, 1.0, 4, 4}, field);
+  for (const pad_storage storage : {pad_storage::whole, pad_storage::by_rows}) {
+    for (const auto call : {testing::system_call::write, testing::system_call::read}) {
+      testing::fail_each_call(
+          call, ENOSPC, [&] { (void)GRDPAD(input, folder / "pad.grd", request, range, storage); },
+          [&](int) { EXPECT_EQ(folder.names(), names{"in.grd"}); });
+      std::filesystem::remove(folder / "pad.grd");
+    }
+  }
+  write_grid(folder / "in.grd", {0.0, 0.0, 1.0, 1.0, 4, 4}, [](int, int) { return dummy; });
+  EXPECT_TRUE(GRDPAD(input, folder / "pad.grd", request, range).failed());
+  EXPECT_EQ(folder.names(), names{"in.grd"});
+}
+
+TEST(EdgeTaper, rises_from_nothing_at_the_edge_and_stays_within_the_margin) {
+  // A margin of 3 x 11 + 1 cells: 2 x 11 + 5 of them are tapered.
+  const std::vector<float> factors = taper_factors(34, 11);
+  ASSERT_EQ(factors.size(), 27U);
+  EXPECT_EQ(factors[0], 0.0F);
+  EXPECT_NEAR(factors[13], (1.0 - std::cos(13.0 * 3.14159265 / 27.0)) / 2.0, 1E-6);
+  EXPECT_EQ(taper_factors(2, 9).size(), 9U);
+  std::vector<float> row(10, 8.0F);
+  const std::vector<float> columns{0.0F, 0.5F};
+  taper_row(row, 2, 9, columns, columns, 4.0F);
+  EXPECT_EQ(row, (std::vector<float>{4, 5, 6, 6, 6, 6, 6, 6, 5, 4}));
+  taper_row(row, 3, 9, {}, columns, 4.0F);
+  EXPECT_EQ(row[4], 6.0F);
+  taper_row(row, 9, 9, {}, columns, 4.0F);
+  EXPECT_EQ(row[4], 4.0F);
+}
+
+}  // namespace
+}  // namespace velmorankite
