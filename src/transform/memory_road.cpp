@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: MIT
+#include "transform/memory_road.h"
+
+#include <cmath>
+
+#include "condition/padded_grid.h"
+#include "transform/derived_maps.h"
+#include "transform/fft_grid.h"
+#include "transform/fft_response.h"
+#include "transform/log_line.h"
+
+namespace velmorankite {
+namespace {
+
+constexpr std::int32_t vertical_integral = 111;
+constexpr std::int32_t total_gradient = 106;
+
+void compute_spectrum(memory_run& run) {
+  const fft_geometry& geometry = run.geometry;
+  run.log.line(
+      log_line("Initialise the values for the FFT arrays ", geometry.fftnx, geometry.fftny));
+  run.log.line("Copy input grid data into FFT arrays");
+  const bool on_average = run.request.detrend_mode() == detrend_keeps_plane;
+  fill_fft_array(run.padded, run.padded_layout, geometry, on_average ? run.facts.average : 0.0F,
+                 run.array.span());
+  run.log.line("Calculate forward FFT");
+  run.log.pause();
+  transform_array(run.array.span(), geometry, 1);
+}
+
+// Later passes of this run and later runs read the spectrum again. Where the run deletes it at
+// its end and makes a single pass, nobody would, and it is not written.
+void save_spectrum(memory_run& run) {
+  const bool passes = gradient_passes_of(run.parameters) != gradient_passes::none;
+  if (run.request.reuse == 0 && !passes) {
+    return;
+  }
+  run.log.line("save the FFT coefficients");
+  if (run.request.reuse == 0) {
+    run.spectrum_scratch = platform::ScratchFile(run.saved_spectrum);
+  }
+  save_fft_grid(run.saved_spectrum, lattice_of(run.input.grid), run.geometry, run.array.span());
+  run.log.line("FFT coefficient grid file saved");
+}
+
+void provide_spectrum(memory_run& run) {
+  const auto log = [&run](std::string_view line) { run.log.line(line); };
+  if (run.request.reuse > 0 && reuse_fft_grid(run.saved_spectrum, lattice_of(run.input.grid),
+                                              run.geometry, run.array.span(), log)) {
+    return;
+  }
+  compute_spectrum(run);
+  save_spectrum(run);
+}
+
+// A filter of one response: the result stays in the array.
+padded_row_source single_response(memory_run& run) {
+  run.log.line("call fftrsp");
+  fftrsp(true, run.geometry.size(), run.parameters.FilterNo, run.parameters, run.array.span(),
+         run.power);
+  run.log.line("compute inverse fft");
+  run.log.pause();
+  transform_array(run.array.span(), run.geometry, -1);
+  // The vertical integral is scaled from cells to map units.
+  const double divisor = run.request.filter == vertical_integral
+                             ? std::pow(run.parameters.CellX * run.parameters.CellY,
+                                        static_cast<double>(run.parameters.Par1))
+                             : 1.0;
+  return [&run, divisor](std::int32_t row, std::span<float> cells) {
+    read_window_row(run.array.span(), run.geometry, row, cells);
+    if (divisor != 1.0) {
+      for (float& cell : cells) {
+        cell = static_cast<float>(static_cast<double>(cell) / divisor);
+      }
+    }
+  };
+}
+
+// A filter of three grids: the map of them is written over the padded grid.
+padded_row_source gradient_map(memory_run& run) {
+  const fft_run stage{lattice_of(run.input.grid), run.geometry, run.array.span(), run.parameters,
+                      run.power};
+  platform::BinaryFile spectrum = prepare_gradient_spectrum(stage);
+  if (!spectrum.is_open()) {
+    spectrum = platform::BinaryFile(run.saved_spectrum, platform::open_mode::read);
+  }
+  run.work.emplace(make_work_grids(stage));
+  FFTGRAD3(stage, run.request.hi_cut, run.input_file, layout_of(run.input.grid), spectrum,
+           *run.work);
+  write_derived_map(derived_map_of(run.parameters), *run.work, run.array.span(), run.geometry,
+                    run.padded, run.padded_layout);
+  if (run.request.filter == total_gradient && run.parameters.Opt2 == 1) {
+    integrate_padded_grid(stage, run.request.lo_cut, run.padded, run.padded_layout);
+  }
+  return [&run](std::int32_t row, std::span<float> cells) {
+    read_row(run.padded, run.padded_layout, row, cells);
+  };
+}
+
+}  // namespace
+
+padded_row_source run_memory_road(memory_run& run) {
+  run.log.line(
+      log_line("Perform FFT : ", run.request.fft_mode, run.geometry.fftnx, run.geometry.fftny));
+  provide_spectrum(run);
+  return gradient_passes_of(run.parameters) == gradient_passes::none ? single_response(run)
+                                                                     : gradient_map(run);
+}
+
+}  // namespace velmorankite

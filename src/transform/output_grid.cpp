@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+#include "transform/output_grid.h"
+
+#include <vector>
+
+#include "condition/detrend.h"
+#include "grid/dummy.h"
+#include "grid/grid_rows.h"
+#include "platform/scratch_file.h"
+
+namespace velmorankite {
+namespace {
+
+// `padded` begins at the cell of the first input column.
+void place_row(const output_plan& plan, double y, std::span<const float> padded,
+               std::span<float> cells) {
+  const double x_cell = plan.input_grid.reals.x_cell;
+  for (std::size_t i = 0; i < cells.size(); ++i) {
+    if (plan.keep_dummies && !is_valid(cells[i])) {
+      cells[i] = dummy;
+    } else if (plan.add_plane) {
+      const double x = static_cast<double>(i) * x_cell;
+      cells[i] = static_cast<float>(static_cast<double>(padded[i]) + plan.trend.at(x, y));
+    } else {
+      cells[i] = padded[i];
+    }
+  }
+}
+
+void widen(std::span<const float> cells, value_range& range) {
+  for (const float value : cells) {
+    if (is_valid(value)) {
+      range.smallest = value < range.smallest ? value : range.smallest;
+      range.largest = value > range.largest ? value : range.largest;
+    }
+  }
+}
+
+}  // namespace
+
+value_range GRDOUT(const output_plan& plan, std::int32_t padded_columns,
+                   const padded_row_source& padded_row) {
+  const RowLayout from = layout_of(plan.input_grid);
+  RowLayout to = from;
+  to.header_bytes = standard_header_bytes;
+  to.storage_sense = from.storage_sense == sense_bottom_up ? sense_bottom_up : sense_top_down;
+
+  platform::StagedFile staged(plan.out_grid);
+  standard_header header = float_grid_header(lattice_of(plan.input_grid), to.storage_sense);
+  OUTPUT_GEOSOFT_HEADER(staged.file(), header);
+  std::vector<float> cells(static_cast<std::size_t>(from.x_count));
+  std::vector<float> padded(static_cast<std::size_t>(padded_columns));
+  value_range range;
+  for (std::int32_t row = 1; row <= from.y_count; ++row) {
+    read_row(*plan.input, from, row, cells);
+    padded_row(row + plan.pad, padded);
+    const double y =
+        plane_row(from.storage_sense, from.y_count, row) * plan.input_grid.reals.y_cell;
+    place_row(plan, y, std::span<const float>(padded).subspan(static_cast<std::size_t>(plan.pad)),
+              cells);
+    widen(cells, range);
+    write_row(staged.file(), to, row, cells);
+  }
+  header.stat_min = range.smallest;
+  header.stat_max = range.largest;
+  OUTPUT_GEOSOFT_HEADER(staged.file(), header);
+  staged.commit();
+  return range;
+}
+
+}  // namespace velmorankite

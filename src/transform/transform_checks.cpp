@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: MIT
+#include "transform/transform_checks.h"
+
+#include <span>
+
+#include "grid/cell_position.h"
+#include "platform/padded_text.h"
+#include "transform/log_line.h"
+#include "transform/transform_driver.h"
+
+namespace velmorankite {
+namespace {
+
+Status check_names(const transform_request& request, TransformLog& log) {
+  if (platform::without_padding(request.in_grid).empty()) {
+    log.line("The input grid name has not been specified");
+    return transform_arguments_invalid;
+  }
+  if (platform::without_padding(request.out_grid).empty()) {
+    log.line("The output grid name has not been specified");
+    return transform_arguments_invalid;
+  }
+  return success;
+}
+
+Status check_grid(const transform_request& request, TransformLog& log) {
+  const std::int32_t sense = request.grid.ints.storage_sense;
+  if (sense != sense_bottom_up && sense != sense_top_down) {
+    log.line(log_line("The grid storage sense is not supported: ", sense));
+    return transform_arguments_invalid;
+  }
+  const double x_cell = request.grid.reals.x_cell;
+  const double y_cell = request.grid.reals.y_cell;
+  if (!(x_cell > 0.0) || !(y_cell > 0.0)) {
+    log.line(log_line("The grid cell size is not valid: ", x_cell, y_cell));
+    return transform_arguments_invalid;
+  }
+  return success;
+}
+
+bool always(const transform_request&) {
+  return true;
+}
+bool multilevel_road(const transform_request& request) {
+  return request.int_par[1] == 0;
+}
+bool third_option(const transform_request& request) {
+  return request.int_par[2] == 1;
+}
+bool varies_or_layers(const transform_request& request) {
+  return request.int_par[2] != 0 || request.real_par[5] > 0.0F ||
+         request.fft_mode == fft_mode_convolution;
+}
+
+// Filters, or uses of them, that this version does not have.
+struct missing_filter {
+  std::int32_t filter;
+  bool (*applies)(const transform_request&);
+  std::string_view what;
+};
+constexpr missing_filter missing_filters[] = {
+    {107, always, "Euler deconvolution"},
+    {108, always, "the log spectral slope"},
+    {filter_hole_fill, multilevel_road, "the hole filling by sweeps"},
+    {114, always, "the multilayer continuation"},
+    {201, third_option, "a direction that varies over the grid"},
+    {205, always, "the derivative ensemble"},
+    {filter_vrmi, varies_or_layers, "VRMI by layers, by panels or by convolution"},
+};
+
+Status check_availability(const transform_request& request, TransformLog& log) {
+  const auto refuse = [&log](std::string_view what) {
+    log.line(std::string("Not available in this version: ").append(what));
+    return transform_not_available;
+  };
+  for (const missing_filter& row : missing_filters) {
+    if (row.filter == request.filter && row.applies(request)) {
+      return refuse(row.what);
+    }
+  }
+  if (request.fft_mode < 0 && request.filter != filter_hole_fill) {
+    return refuse("the FFT on disk");
+  }
+  if (request.fft_mode == fft_mode_convolution && request.filter != filter_hole_fill) {
+    return refuse("the convolution road");
+  }
+  if (request.fft_mode > fft_mode_memory) {
+    log.line(log_line("The FFT mode is not supported: ", request.fft_mode));
+    return transform_road_unknown;
+  }
+  return success;
+}
+
+Status check_padding(const transform_request& request, TransformLog& log) {
+  const bool pads_nothing = request.filter == filter_hole_fill && request.int_par[1] >= 0;
+  if (request.pad_width <= 0 && !pads_nothing) {
+    log.line(log_line("The padding width is not valid: ", request.pad_width));
+    return transform_padding_invalid;
+  }
+  return success;
+}
+
+}  // namespace
+
+Status check_request(const transform_request& request, TransformLog& log,
+                     filter_parameters& parameters) {
+  if (const Status status = check_names(request, log); status.failed()) {
+    return status;
+  }
+  log.line(log_line("Filter index : ", request.filter, request.fft_mode, request.detrend_mode(),
+                    request.detrend_scope()));
+  log.line(std::string("Output file: ").append(platform::without_padding(request.out_grid)));
+  using check = Status (*)(const transform_request&, TransformLog&);
+  constexpr check checks[] = {check_grid, check_padding, check_availability};
+  for (const check one : checks) {
+    if (const Status status = one(request, log); status.failed()) {
+      return status;
+    }
+  }
+  const std::span<const std::int32_t, integer_parameters> options(request.int_par.data(),
+                                                                  integer_parameters);
+  const Status loaded =
+      TRSFLT(request.filter, request.filter_width, request.detrend_mode(), request.fft_mode,
+             request.hi_cut, request.lo_cut, request.azimuth, options, request.real_par,
+             request.grid.reals.x_cell, request.grid.reals.y_cell, parameters,
+             [&log](std::string_view line) { log.line(line); });
+  if (loaded.failed()) {
+    log.line("There was a problem with the filter parameters");
+    return transform_filter_refused;
+  }
+  return success;
+}
+
+}  // namespace velmorankite

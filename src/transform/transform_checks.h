@@ -1,0 +1,19 @@
+// What a transform run holds against its arguments before any work.
+// SPDX-License-Identifier: MIT
+#pragma once
+#include "grid/status.h"
+#include "transform/transform_log.h"
+#include "transform/transform_request.h"
+#include "transform/trs_filter.h"
+
+namespace velmorankite {
+
+inline constexpr std::int32_t filter_hole_fill = 112;
+inline constexpr std::int32_t filter_vrmi = 212;
+
+// Logs the call, checks it, and loads the parameter set of the filter. Each refusal has its line
+// in the log. Status: success or a status of TRSD.
+Status check_request(const transform_request& request, TransformLog& log,
+                     filter_parameters& parameters);
+
+}  // namespace velmorankite

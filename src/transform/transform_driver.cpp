@@ -1,0 +1,207 @@
+// SPDX-License-Identifier: MIT
+#include "transform/transform_driver.h"
+
+#include <algorithm>
+#include <exception>
+#include <limits>
+#include <new>
+#include <string>
+
+#include "condition/multi_level_fill.h"
+#include "grid/scratch_names.h"
+#include "platform/file_tests.h"
+#include "platform/io_error.h"
+#include "platform/padded_text.h"
+#include "transform/derived_maps.h"
+#include "transform/log_line.h"
+#include "transform/memory_road.h"
+#include "transform/output_grid.h"
+#include "transform/padded_source.h"
+#include "transform/run_names.h"
+#include "transform/transform_checks.h"
+
+namespace velmorankite {
+namespace {
+
+// One run: what is made once and used to its end.
+struct transform_run {
+  const transform_request& request;
+  TransformLog& log;
+  filter_parameters& parameters;
+  transform_range& range;
+  transform_input input{};
+  reuse_names saved{};
+  fft_geometry geometry{};
+  padded_grid_facts facts{};
+};
+
+Status fill_holes(transform_run& run) {
+  run.range = {0.0F, 0.0F};
+  fill_request fill;
+  fill.input_name = run.input.path;
+  fill.input = run.input.grid;
+  fill.x_count = run.input.grid.ints.x_count;
+  fill.y_count = run.input.grid.ints.y_count;
+  fill.output_name = platform::without_padding(run.request.out_grid);
+  std::int64_t filled = 0;
+  if (GRDMIPMAP(fill, filled).failed()) {
+    return transform_fill_failed;
+  }
+  run.log.line(log_line("Number of cells filled: ", filled));
+  constexpr std::int64_t most = std::numeric_limits<std::int32_t>::max();
+  return {static_cast<std::int32_t>(std::min(filled, most))};
+}
+
+// A blank base gives the saved grids scratch names, which a run that keeps them leaves behind.
+void name_saved_grids(transform_run& run) {
+  run.saved = name_reuse(run.request);
+  if (run.saved.padded.empty()) {
+    run.saved.padded = "~grdReUseExt";
+    (void)GRDTMPNAME(run.saved.padded);
+  }
+  if (run.saved.spectrum.empty()) {
+    run.saved.spectrum = "~grdReUseFFT";
+    (void)GRDTMPNAME(run.saved.spectrum);
+  }
+}
+
+Status plan(transform_run& run) {
+  const grid_ints& ints = run.input.grid.ints;
+  if (plan_fft(ints.x_count, ints.y_count, run.request.pad_width, run.geometry).failed()) {
+    run.log.line(log_line("Allocation of padded grid arrays failed : ", transform_row_memory.code));
+    return transform_row_memory;
+  }
+  const fft_geometry& g = run.geometry;
+  if (run.request.fft_mode != fft_mode_convolution) {
+    run.log.line(log_line("FFT array size: ", g.fftnx, g.fftny));
+    run.log.line(log_line("FFT Padding Offsest: ", g.padoffx, g.padoffy));
+    run.log.line(log_line("FFT Origin Offsest: ", g.origx, g.origy));
+  }
+  run.log.line(log_line("Allocate padded grid arrays : ", g.nxp, g.nyp));
+  return success;
+}
+
+output_plan plan_output(const transform_run& run, const platform::BinaryFile& input) {
+  output_plan plan;
+  plan.out_grid = platform::without_padding(run.request.out_grid);
+  plan.input = &input;
+  plan.input_grid = run.input.grid;
+  plan.pad = run.geometry.pad;
+  plan.add_plane = run.request.detrend_mode() == 1;
+  plan.trend = run.facts.trend;
+  return plan;
+}
+
+void put_out(transform_run& run, const output_plan& plan, const padded_row_source& rows) {
+  run.log.line("Output the transformed grid");
+  const value_range range = GRDOUT(plan, run.geometry.nxp, rows);
+  run.range = {range.smallest, range.largest};
+  run.log.line(log_line("Transformed range : ", run.range.OutMin, run.range.OutMax));
+}
+
+// The three components of the field of VRMI, each as a grid beside the output.
+void put_out_components(transform_run& run, memory_run& road, output_plan plan) {
+  const auto names = component_names(run.request.out_grid);
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    plan.out_grid = names[i];
+    const platform::BinaryFile& component = road.work->grids[i];
+    const RowLayout& layout = road.work->layout;
+    (void)GRDOUT(plan, run.geometry.nxp, [&](std::int32_t row, std::span<float> cells) {
+      read_row(component, layout, row, cells);
+    });
+  }
+}
+
+Status filter_in_memory(transform_run& run, const platform::BinaryFile& input,
+                        platform::BinaryFile& padded, const RowLayout& padded_layout) {
+  memory_run road{run.request,    run.input, input,        padded,
+                  padded_layout,  run.facts, run.geometry, run.saved.spectrum,
+                  run.parameters, run.log};
+  const fft_geometry& g = run.geometry;
+  run.log.line(log_line("Allocate FFT arrays : ", g.fftnx, g.fftny));
+  try {
+    road.array = platform::LargeArray<float>(g.fftwords());
+  } catch (const std::bad_alloc&) {
+    run.log.line(
+        log_line("There was a problem allocating the work array: ", transform_array_memory.code));
+    return transform_array_memory;
+  }
+  const padded_row_source rows = run_memory_road(road);
+  const output_plan plan = plan_output(run, input);
+  put_out(run, plan, rows);
+  if (run.request.filter == filter_vrmi) {
+    put_out_components(run, road, plan);
+  }
+  const run_names names = name_run(run.request);
+  write_power_file(power_file_name(names.power_stem, run.parameters), road.power,
+                   run.parameters.CellX);
+  return success;
+}
+
+// Saved grids go with a run that neither uses nor keeps them.
+void remove_saved(const transform_run& run) {
+  if (run.request.reuse == 0) {
+    platform::delete_file(run.saved.padded);
+    if (run.request.fft_mode != fft_mode_convolution) {
+      platform::delete_file(run.saved.spectrum);
+    }
+  }
+}
+
+Status filter_padded(transform_run& run) {
+  const platform::ScratchFile scratch = new_scratch("~grdext");
+  const Status padding = provide_padded_grid(run.request, run.input, run.geometry, run.saved.padded,
+                                             scratch.path(), run.log, run.facts);
+  if (padding.failed()) {
+    return padding;
+  }
+  const platform::BinaryFile input(run.input.path, platform::open_mode::read);
+  platform::BinaryFile padded(scratch.path(), platform::open_mode::read_write);
+  const RowLayout layout{run.input.grid.ints.storage_sense, run.geometry.nxp, run.geometry.nyp};
+  return filter_in_memory(run, input, padded, layout);
+}
+
+Status filter_grid(transform_run& run) {
+  name_saved_grids(run);
+  if (const Status status = plan(run); status.failed()) {
+    return status;
+  }
+  const Status status = filter_padded(run);
+  remove_saved(run);
+  return status;
+}
+
+Status run_filter(transform_run& run) {
+  if (const Status status = check_request(run.request, run.log, run.parameters); status.failed()) {
+    return status;
+  }
+  run.input = {std::string(platform::without_padding(run.request.in_grid)), run.request.grid};
+  if (!is_plain_standard(run.request.grid.ints)) {
+    run.log.line("Convert the input grid file to standard Geosoft");
+    run.log.line("Failed to read the input grid file");
+    return transform_conversion_failed;
+  }
+  return run.request.filter == filter_hole_fill ? fill_holes(run) : filter_grid(run);
+}
+
+}  // namespace
+
+Status TRSD(const transform_request& request, transform_range& range) {
+  range.OutMax = 1.0F;
+  TransformLog log(name_run(request).log);
+  log.line("Transform log file");
+  filter_parameters parameters;
+  transform_run run{request, log, parameters, range};
+  try {
+    const Status status = run_filter(run);
+    log.line("Transform complete");
+    log.pause();
+    return status;
+  } catch (const std::exception& failure) {
+    log.line(failure.what());
+    log.line("Transform complete");
+    throw;
+  }
+}
+
+}  // namespace velmorankite

@@ -1,0 +1,289 @@
+// SPDX-License-Identifier: MIT
+#include "transform/transform_driver.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cmath>
+#include <functional>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "platform/io_error.h"
+#include "support/failing_system.h"
+#include "support/grids.h"
+#include "support/temporary_folder.h"
+#include "transform/run_names.h"
+
+namespace velmorankite {
+namespace {
+
+using testing::describe;
+using testing::first_difference;
+using testing::read_file;
+using testing::read_grid;
+using testing::write_grid;
+using names = std::vector<std::string>;
+
+constexpr Lattice lattice{100.0, 200.0, 2.0, 2.0, 61, 47};
+
+// Vertical attraction of a point mass `depth` below the middle of the grid, without units.
+float attraction(std::int32_t column, std::int32_t row, double depth) {
+  const double x = (column - 31) * lattice.x_cell;
+  const double y = (row - 24) * lattice.y_cell;
+  return static_cast<float>(1.0E4 * depth / std::pow(x * x + y * y + depth * depth, 1.5));
+}
+
+class Transform : public ::testing::Test {
+ protected:
+  transform_request request(std::int32_t filter, float first = 0.0F) {
+    transform_request r;
+    r.in_grid = (folder / "in.grd").string();
+    r.grid = describe(r.in_grid);
+    r.out_grid = (folder / "out.grd").string();
+    r.filter = filter;
+    r.pad_width = 8;
+    r.filter_width = 5;
+    r.detrend = 2;
+    r.fft_mode = fft_mode_memory;
+    r.real_par[0] = first;
+    return r;
+  }
+
+  Status run(const transform_request& r) { return TRSD(r, range); }
+  [[nodiscard]] std::string log() const { return read_file(folder / "out_trs.log"); }
+
+  testing::TemporaryFolder folder;
+  testing::CurrentFolder inside{folder.path()};
+  transform_range range;
+};
+
+TEST_F(Transform, a_field_continued_upwards_is_that_of_the_deeper_source_where_the_input_has_data) {
+  for (const std::int32_t sense : {1, -2}) {
+    write_grid(
+        folder / "in.grd", lattice,
+        [](int c, int r) { return c == 20 && r == 30 ? dummy : attraction(c, r, 12.0); }, sense);
+    ASSERT_EQ(run(request(101, 4.0F)), success);
+    EXPECT_EQ(describe(folder / "out.grd").ints.storage_sense, sense);
+    const std::vector<float> out = read_grid(folder / "out.grd");
+    for (std::int32_t row = 12; row <= 36; row += 4) {
+      for (std::int32_t column = 16; column <= 46; column += 5) {
+        const auto i = static_cast<std::size_t>((row - 1) * lattice.x_count + column - 1);
+        EXPECT_NEAR(out[i], attraction(column, row, 16.0), 0.5F) << column << " " << row;
+      }
+    }
+    EXPECT_EQ(out[29 * 61 + 19], dummy);
+    EXPECT_EQ(range.OutMax, *std::max_element(out.begin(), out.end()));
+    EXPECT_EQ(describe(folder / "out.grd").reals.z_max, static_cast<double>(range.OutMax));
+  }
+  EXPECT_EQ(folder.names(),
+            (names{"in.grd", "out.grd", "out_power_Continuation.dat", "out_trs.log"}));
+  EXPECT_NE(log().find("FFT array size: 128 128\n"), std::string::npos);
+  EXPECT_TRUE(log().starts_with("Transform log file\n"));
+  EXPECT_TRUE(log().ends_with("Transform complete\n"));
+}
+
+TEST_F(Transform, a_plane_is_left_out_put_back_or_kept_as_the_detrending_says) {
+  const auto slope = [](int c, int r) { return 50.0F + 0.5F * static_cast<float>(2 * c - r); };
+  for (const std::int32_t sense : {1, -2}) {
+    write_grid(folder / "in.grd", lattice, slope, sense);
+    const std::vector<float> in = read_grid(folder / "in.grd");
+    for (const std::int32_t detrend : {0, 1, 10, 11}) {
+      transform_request r = request(101, 3.0F);
+      r.detrend = detrend;
+      ASSERT_EQ(run(r), success);
+      const std::vector<float> out = read_grid(folder / "out.grd");
+      for (std::size_t i = 0; i < out.size(); i += 97) {
+        EXPECT_NEAR(out[i], detrend % 10 == 0 ? 0.0F : in[i], 2E-3F) << detrend;
+      }
+    }
+  }
+}
+
+TEST_F(Transform, a_saved_spectrum_gives_the_same_file_as_a_computed_one) {
+  write_grid(folder / "in.grd", lattice, [](int c, int r) { return attraction(c, r, 9.0); });
+  transform_request r = request(102, 1.0F);
+  r.reuse = 1;
+  r.reuse_base = "mag.grd";
+  ASSERT_EQ(run(r), success);
+  const std::string computed = read_file(folder / "out.grd");
+  EXPECT_TRUE(std::filesystem::exists(folder / "mag_trs_ext_008.grd"));
+  ASSERT_TRUE(std::filesystem::exists(folder / "mag_trs_ext_008_fft.grd"));
+  ASSERT_EQ(run(r), success);
+  EXPECT_EQ(read_file(folder / "out.grd"), computed);
+  EXPECT_NE(log().find("Read the existing padded grid file\n"), std::string::npos);
+  EXPECT_NE(log().find("Read the saved FFT coefficients\n"), std::string::npos);
+  // Grids of another lattice are not taken for this one's.
+  write_grid(folder / "in.grd", {0.0, 0.0, 2.0, 2.0, 61, 47},
+             [](int c, int w) { return attraction(w, c, 9.0); });
+  r.grid = describe(r.in_grid);
+  ASSERT_EQ(run(r), success);
+  EXPECT_NE(log().find("inconsistent with definitions, so it will be regenerated\n"),
+            std::string::npos);
+  EXPECT_NE(read_file(folder / "out.grd"), computed);
+  r.reuse = 0;
+  ASSERT_EQ(run(r), success);
+  EXPECT_FALSE(std::filesystem::exists(folder / "mag_trs_ext_008.grd"));
+  EXPECT_FALSE(std::filesystem::exists(folder / "mag_trs_ext_008_fft.grd"));
+}
+
+TEST_F(Transform, maps_of_three_grids_leave_one_grid_and_vrmi_its_components_too) {
+  write_grid(folder / "in.grd", lattice, [](int c, int r) { return attraction(c, r, 9.0); });
+  ASSERT_EQ(run(request(106)), success);
+  const std::vector<float> gradient = read_grid(folder / "out.grd");
+  EXPECT_GE(*std::min_element(gradient.begin(), gradient.end()), 0.0F);
+  transform_request r = request(212);
+  r.real_par[1] = 60.0F;
+  ASSERT_EQ(run(r), success);
+  EXPECT_EQ(folder.names(), (names{"in.grd", "out.grd", "out_Tx.grd", "out_Ty.grd", "out_Tz.grd",
+                                   "out_power_AS.dat", "out_power_VRMI.dat", "out_trs.log"}));
+  const std::vector<float> x = read_grid(folder / "out_Tx.grd");
+  const std::vector<float> y = read_grid(folder / "out_Ty.grd");
+  const std::vector<float> z = read_grid(folder / "out_Tz.grd");
+  const std::vector<float> whole = read_grid(folder / "out.grd");
+  for (std::size_t i = 0; i < whole.size(); i += 131) {
+    EXPECT_NEAR(whole[i], std::hypot(x[i], y[i], z[i]), 1E-4F * whole[i]);
+  }
+}
+
+TEST_F(Transform, the_hole_filter_gives_the_number_of_filled_cells) {
+  write_grid(folder / "in.grd", lattice,
+             [](int c, int r) { return c > 20 && c < 26 && r == 9 ? dummy : 5.0F; });
+  transform_request r = request(112);
+  r.int_par[1] = 1;
+  r.pad_width = 0;
+  EXPECT_GE(run(r).code, 5);
+  EXPECT_EQ(read_grid(folder / "out.grd"), std::vector<float>(61 * 47, 5.0F));
+}
+
+TEST_F(Transform, refusals_have_a_status_and_a_line_and_make_no_grid) {
+  write_grid(folder / "in.grd", lattice, [](int c, int r) { return attraction(c, r, 9.0); });
+  struct example {
+    std::function<void(transform_request&)> change;
+    Status status;
+    const char* line;
+  };
+  const example examples[] = {
+      {[](auto& r) { r.in_grid = " "; }, {-1001}, "The input grid name has not been specified"},
+      {[](auto& r) { r.grid.ints.storage_sense = 3; }, {-1001}, "not supported: 3"},
+      {[](auto& r) { r.grid.reals.y_cell = std::nan(""); },
+       {-1001},
+       "cell size is not valid: 2 nan"},
+      {[](auto& r) { r.pad_width = 0; }, {-1003}, "The padding width is not valid: 0"},
+      {[](auto& r) { r.fft_mode = 2; }, {-1004}, "The FFT mode is not supported: 2"},
+      {[](auto& r) { r.fft_mode = -1; }, {-1002}, "Not available in this version: the FFT on disk"},
+      {[](auto& r) { r.filter = 213; }, {-1010}, "Filter Index is invalid: 213"},
+      {[](auto& r) { r.filter = 204; }, {-1010}, "Derivative Order is invalid: 0"},
+      {[](auto& r) { r.filter = 114; }, {-1002}, "the multilayer continuation"},
+      {[](auto& r) { r.grid.ints.element_code = -4; },
+       {-1006},
+       "Failed to read the input grid file"},
+      {[](auto& r) { r.pad_width = 0x7FFFFFFF; }, {-1013}, "arrays failed"}};
+  for (const example& e : examples) {
+    transform_request r = request(101);
+    e.change(r);
+    range = {-7.0F, 0.0F};
+    EXPECT_EQ(run(r), e.status) << e.line;
+    EXPECT_NE(log().find(e.line), std::string::npos) << log();
+    EXPECT_TRUE(log().ends_with("Transform complete\n"));
+    EXPECT_EQ(range.OutMin, -7.0F);
+    EXPECT_EQ(range.OutMax, 1.0F);
+    EXPECT_EQ(folder.names(), (names{"in.grd", "out_trs.log"}));
+  }
+  write_grid(folder / "in.grd", lattice, [](int, int) { return dummy; });
+  EXPECT_EQ(run(request(101)), transform_padding_failed);
+  EXPECT_EQ(folder.names(), (names{"in.grd", "out_trs.log"}));
+}
+
+TEST_F(Transform, a_failing_write_or_read_leaves_no_scratch_and_no_output) {
+  write_grid(folder / "in.grd", {0.0, 0.0, 2.0, 2.0, 9, 7},
+             [](int c, int r) { return attraction(c, r, 9.0); });
+  transform_request r = request(106);
+  r.pad_width = 1;
+  const std::string input = read_file(folder / "in.grd");
+  for (const auto call :
+       {testing::system_call::open, testing::system_call::read, testing::system_call::write}) {
+    testing::fail_each_call(
+        call, ENOSPC,
+        [&] {
+          if (run(r).failed()) {
+            throw platform::IoError("out.grd", "refused");
+          }
+        },
+        [&](int nth) {
+          for (const std::string& name : folder.names()) {
+            const bool expected = name == "in.grd" || name == "out_trs.log" ||
+                                  (name == "out.grd" || name == "out_power_AS.dat");
+            EXPECT_TRUE(expected && !name.starts_with('~')) << name << " " << nth;
+          }
+          EXPECT_EQ(read_file(folder / "in.grd"), input);
+          if (std::filesystem::exists(folder / "out.grd")) {
+            EXPECT_EQ(read_file(folder / "out.grd").size(), 512U + 9 * 7 * 4);
+          }
+        });
+  }
+}
+
+TEST_F(Transform, two_runs_in_two_threads_do_not_meet) {
+  write_grid(folder / "in.grd", lattice, [](int c, int r) { return attraction(c, r, 9.0); });
+  const std::pair<std::int32_t, float> filters[] = {{101, 3.0F}, {102, 1.0F}};
+  std::vector<std::string> alone;
+  for (const auto& [filter, first] : filters) {
+    ASSERT_EQ(run(request(filter, first)), success);
+    alone.push_back(read_file(folder / "out.grd"));
+  }
+  for (int turn = 0; turn < 5; ++turn) {
+    std::vector<std::thread> threads;
+    for (std::size_t i = 0; i < 2; ++i) {
+      transform_request r = request(filters[i].first, filters[i].second);
+      r.out_grid = (folder / (i == 0 ? "a.grd" : "b.grd")).string();
+      threads.emplace_back([r] {
+        transform_range own;
+        EXPECT_EQ(TRSD(r, own), success);
+      });
+    }
+    for (std::thread& thread : threads) {
+      thread.join();
+    }
+    EXPECT_EQ(read_file(folder / "a.grd"), alone[0]);
+    EXPECT_EQ(read_file(folder / "b.grd"), alone[1]);
+  }
+}
+
+TEST(RunNames, logs_and_saved_grids_are_named_after_the_output_or_the_reuse_base) {
+  struct example {
+    const char* out;
+    const char* base;
+    std::int32_t detrend;
+    const char* log;
+    const char* power;
+    const char* padded;
+  };
+  const example examples[] = {
+      {"a.b.grd", "", 2, "a.b_trs.log", "a.b_power", ""},
+      {"d.x/out", "", 2, "d.x/out_trs.log", "d.x/out_power", ""},
+      {"a_WDtmp.1.grd", "", 2, "a_trs.log", "a_power", ""},
+      {"~out0000.tmp", "", 2, "trs_filter_101.log", "power", ""},
+      {"~out0000.tmp", "mag.v2.grd", 0, "mag.v2_trs.log", "mag.v2_power", "mag.v2_trs_det_ext_011"},
+      {"a.grd", "mag  ", 11, "a_trs.log", "a_power", "mag_trs_det_all_ext_011"},
+      {"a.grd", "mag.grd", 12, "a_trs.log", "a_power", "mag_trs_ext_011"}};
+  for (const example& e : examples) {
+    transform_request r;
+    r.filter = 101;
+    r.pad_width = 11;
+    r.fft_mode = 1;
+    r.out_grid = e.out;
+    r.reuse_base = e.base;
+    r.detrend = e.detrend;
+    EXPECT_EQ(name_run(r).log, e.log);
+    EXPECT_EQ(name_run(r).power_stem, e.power);
+    const std::string stem = e.padded;
+    EXPECT_EQ(name_reuse(r).padded, stem.empty() ? "" : stem + ".grd");
+    EXPECT_EQ(name_reuse(r).spectrum, stem.empty() ? "" : stem + "_fft.grd");
+  }
+}
+
+}  // namespace
+}  // namespace velmorankite
