@@ -19,17 +19,18 @@ HERE = pathlib.Path(__file__).resolve().parent
 
 DUMMY = numpy.float32(-1.0e32)
 LEVEL_SHIFT = 250.0  # metres, added to grid 2
-DRIFT = 120.0  # metres, from minus this in the north to plus this in the south of grid 2
+DRIFT = 100.0  # metres, from plus this in the north to minus this in the south of grid 2
 GRID_1_REACH = 100.0  # minutes: grid 1 ends this far left of the line
 # Degrees east and north, from the plain of Friuli down the axis of the Adriatic to Cyrenaica.
 LINE = [
     (13.10, 46.20), (13.00, 45.60), (13.05, 45.20), (13.40, 44.80), (14.20, 43.90),
-    (15.20, 43.15), (16.30, 42.40), (17.60, 41.80), (18.60, 41.00), (18.95, 40.20),
-    (18.90, 39.40), (18.60, 38.50), (18.40, 37.00), (18.30, 34.80),
+    (15.20, 43.15), (16.30, 42.40), (17.60, 41.80), (18.50, 41.10), (18.75, 40.60),
+    (19.00, 40.10), (19.17, 39.60), (19.25, 39.00), (19.10, 38.50), (18.85, 37.90),
+    (18.75, 37.30), (18.40, 36.80), (18.15, 36.20), (18.20, 35.50), (18.30, 34.80),
 ]  # fmt: skip
 # Degrees east and north, and radius in minutes.
-HOLES_1 = [(12.90, 42.60, 18.0)]
-HOLES_2 = [(16.35, 43.05, 25.0), (20.50, 44.20, 45.0), (20.20, 37.10, 40.0)]
+HOLES_1 = [(12.60, 42.05, 18.0)]
+HOLES_2 = [(16.17, 43.17, 14.0), (20.50, 44.20, 45.0), (20.70, 36.70, 35.0)]
 
 
 def read_product(name, first_x, first_y, cell, limits):
@@ -60,7 +61,7 @@ def signed_distance(x, y, line):
 def drift(y):
     """The drifting part of the level of grid 2, in metres: a half wave from north to south."""
     middle, half = 60 * 40.5, 60 * 5.5
-    return -DRIFT * numpy.sin(numpy.clip((y - middle) / half, -1.0, 1.0) * numpy.pi / 2)
+    return DRIFT * numpy.sin(numpy.clip((y - middle) / half, -1.0, 1.0) * numpy.pi / 2)
 
 
 def punch(cells, x, y, holes):
