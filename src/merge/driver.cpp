@@ -6,9 +6,9 @@
 #include <string>
 
 #include "formats/describe_grid.h"
-#include "formats/header_status.h"
 #include "grid/cell_position.h"
 #include "grid/standard_header.h"
+#include "grid/status_text.h"
 #include "merge/definitions.h"
 #include "merge/stitch.h"
 #include "merge/stitch_line.h"
@@ -39,37 +39,6 @@ constexpr std::string_view banner[] = {
 
 // A line on which a seam can be measured.
 constexpr std::size_t least_vertices = 3;
-
-struct status_words {
-  Status status;
-  std::string_view words;
-};
-constexpr status_words description_failures[] = {
-    {name_too_short, "its name is too short"},
-    {file_missing, "there is no such file"},
-    {file_empty, "the file is empty"},
-    {format_unknown, "its format is not recognised"},
-    {first_bytes_unreadable, "its first bytes cannot be read"},
-    {header_file_missing, "the header file beside it is missing"},
-    {header_too_short, "the file ends inside its header"},
-    {number_unreadable, "no number stands in its header where one must"},
-    {counts_unsound, "its header has counts of cells that no grid can have"},
-    {cell_size_unsound, "its header has a cell size that is not above 0"},
-    {limits_unsound, "its header has a limit that is no number"},
-    {cells_missing, "the file is too short for the counts in its header"},
-    {table_too_long, "a table of its header is longer than can be"},
-    {pointer_outside, "its header points outside the file"},
-    {layout_unsupported, "its cells are of a type that cannot be read"},
-};
-
-std::string words_of(Status status) {
-  for (const status_words& row : description_failures) {
-    if (row.status == status) {
-      return std::string(row.words);
-    }
-  }
-  return "its header cannot be used, status " + std::to_string(status.code);
-}
 
 // A grid that the stitch can read, and the scratch file that holds it where it had to be made.
 struct prepared_grid {
@@ -122,7 +91,8 @@ bool MergeRun::describe(const std::filesystem::path& path, grid_description& gri
   }
   if (status.failed()) {
     say("Failed to determine the grid file format");
-    remark(path, words_of(status));
+    const std::string_view words = status_text("GRDRDH", status);
+    remark(path, words.empty() ? "status " + std::to_string(status.code) : std::string(words));
     return false;
   }
   return true;

@@ -257,12 +257,12 @@ TEST(MergeStops, at_an_input_that_cannot_be_used_say_which) {
                                         "to read the input grid file 2\n"});
   const stop stops[] = {
       {"grid 1 is missing", [](MergeFolder& f) { f.define(2, "none.grd"); }, unknown,
-       "none.grd: there is no such file\n"},
+       "none.grd: the file does not exist\n"},
       {"grid 1 has no name", [](MergeFolder& f) { f.define(2, ""); }, unknown,
-       ": its name is too short\n"},
+       ": the name has fewer than 3 characters\n"},
       {"grid 2 is no grid",
-       [](MergeFolder& f) { write_file(f / "two.grd", std::string(999, 'x')); },
-       joined({report_1, unknown}), "two.grd: its format is not recognised\n"},
+       [](MergeFolder& f) { write_file(f / "two.grd", std::string(999, '\0')); },
+       joined({report_1, unknown}), "two.grd: the format of the file is not recognised\n"},
       {"grid 1 ends in its header",
        [](MergeFolder& f) { write_file(f / "one.grd", read_file(f / "one.grd").substr(0, 300)); },
        unknown, "one.grd: the file ends inside its header\n"},

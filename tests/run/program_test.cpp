@@ -52,7 +52,7 @@ TEST_F(Program, ends_with_0_at_an_ordinary_stop) {
   folder.define(2, "none.grd");
   folder.write_definitions();
   EXPECT_EQ(run(), 0);
-  EXPECT_EQ(errors(), "velmorankite: none.grd: there is no such file\n");
+  EXPECT_EQ(errors(), "velmorankite: none.grd: the file does not exist\n");
 }
 
 TEST_F(Program, ends_with_2_and_one_line_where_the_definitions_cannot_be_used) {
