@@ -180,7 +180,13 @@ void MergeRun::summarise(const stitch_summary& summary) const {
                 "along the line %g rms before, %g after",
                 static_cast<double>(m.offset), static_cast<long long>(m.sample_count),
                 static_cast<long long>(summary.blended_cells), m.rms_before, m.rms_after);
-  output_.remarks(text.data());
+  std::string remark = text.data();
+  if (summary.corrected) {
+    std::snprintf(text.data(), text.size(), " the offset, %g after the correction",
+                  m.rms_corrected);
+    remark += text.data();
+  }
+  output_.remarks(remark);
 }
 
 void MergeRun::run(std::string_view definitions_path) {

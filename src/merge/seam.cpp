@@ -85,14 +85,28 @@ std::vector<float> sample(const platform::LargeArray<float>& cells, const seam_b
   return values;
 }
 
-// Measures the mismatch of the filled grids along the line and reports it.
-void measure(const stitch_parameters& parameters, seam& result) {
+// Measures the mismatch of the filled grids along the line, reports it, and corrects what drifts.
+Status measure(const stitch_parameters& parameters, seam& result, std::string& why) {
   const seam_band& band = result.band;
   const std::vector<float> values_1 = sample(result.filled_1, band);
   std::vector<float> values_2 = sample(result.filled_2, band);
   result.mismatch = measure_mismatch(values_1, values_2);
   write_mismatch_report(mismatch_report_path(parameters.report_name), band.sample_x, band.sample_y,
                         values_1, values_2);
+  if (result.mismatch.sample_count < least_samples) {
+    why = std::to_string(result.mismatch.sample_count) +
+          " points of the stitch line hold data of both grids, " + std::to_string(least_samples) +
+          " are needed";
+    return seam_impossible;
+  }
+  if (parameters.correction_distance > 0.0F) {
+    seam_correction& correction = result.correction.emplace();
+    if (build_seam_correction(parameters, band, values_1, values_2, correction, why).failed()) {
+      return seam_impossible;
+    }
+    result.mismatch.rms_corrected = residual_rms(correction, band, values_1, values_2);
+  }
+  return success;
 }
 
 // All that follows the band.
@@ -110,14 +124,7 @@ Status measure_on_window(const stitch_parameters& parameters, const input_grid& 
           ", 4 columns and 4 rows are needed";
     return seam_impossible;
   }
-  measure(parameters, result);
-  if (result.mismatch.sample_count < least_samples) {
-    why = std::to_string(result.mismatch.sample_count) +
-          " points of the stitch line hold data of both grids, " + std::to_string(least_samples) +
-          " are needed";
-    return seam_impossible;
-  }
-  return success;
+  return measure(parameters, result, why);
 }
 
 }  // namespace

@@ -1,10 +1,12 @@
 // The seam between two grids, measured: what must be known before a row of the output is written.
 // SPDX-License-Identifier: MIT
 #pragma once
+#include <optional>
 #include <string>
 
 #include "grid/status.h"
 #include "merge/seam_band.h"
+#include "merge/seam_correction.h"
 #include "merge/seam_mismatch.h"
 #include "merge/stitch_line.h"
 #include "merge/stitch_parameters.h"
@@ -17,12 +19,13 @@ struct seam {
   platform::LargeArray<float> filled_1;  // grid 1 on the window without holes, row 1 first
   platform::LargeArray<float> filled_2;
   seam_mismatch mismatch;
+  std::optional<seam_correction> correction;  // with a correction distance above 0
 };
 
 inline constexpr Status seam_impossible{-1};
 
 // Resamples both grids onto the working window, fills their holes there, measures the mismatch
-// along the line and writes its report.
+// along the line, writes its report and, where a correction distance asks for it, the correction.
 //   grid_1, grid_2  standard grids of 4-byte floats
 //   line            gets its second vertex appended if it closes on itself
 //   result          out

@@ -87,6 +87,7 @@ seam_mismatch measure_mismatch(std::span<const float> grid_1, std::span<float> g
   }
   result.rms_before = rms(squares_before, result.sample_count);
   result.rms_after = rms(squares_after, result.sample_count);
+  result.rms_corrected = result.rms_after;
   return result;
 }
 

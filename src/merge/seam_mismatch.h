@@ -21,6 +21,7 @@ struct seam_mismatch {
   std::int64_t sample_count = 0;  // samples at which both grids have a value
   double rms_before = 0.0;        // of grid 1 minus grid 2, grid units
   double rms_after = 0.0;         // of the same once the offset is added to grid 2
+  double rms_corrected = 0.0;     // once the correction is added too; rms_after without one
 };
 
 // Measures the mismatch over the samples at which both grids have a value, in order, with a sum

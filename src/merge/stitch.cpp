@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -59,11 +60,12 @@ class MergedRows {
   index_range rows_;
   std::vector<double> x_;
   std::vector<float> values_2_;
-  std::vector<float> correction_;  // no correction is 0 everywhere
+  std::vector<float> correction_;  // of the row; no correction is 0 everywhere
   std::vector<float> weights_;     // of the window's part of the row
   bool x_agrees_;
   CellInterpolator cells_1_;
   CellInterpolator cells_2_;
+  std::optional<CellInterpolator> correction_cells_;
   std::int64_t blended_cells_ = 0;
 };
 
@@ -86,6 +88,9 @@ MergedRows::MergedRows(const stitch_parameters& parameters, const input_grid& gr
     x_[static_cast<std::size_t>(column - 1)] = lattice_.x(column);
   }
   x_agrees_ = window_x_agrees();
+  if (measured.correction) {
+    correction_cells_.emplace(measured.correction->path, measured.correction->description);
+  }
 }
 
 // Whether the window's columns lie on those of the output to the last bit: they are counted from
@@ -112,6 +117,9 @@ void MergedRows::resample(double y, std::size_t begin, std::size_t end, std::spa
 }
 
 void MergedRows::make(std::int32_t row, std::span<float> out) {
+  if (correction_cells_) {
+    correction_cells_->row(x_, lattice_.y(row), correction_);
+  }
   const auto index = static_cast<std::size_t>(row - 1);
   if (index < rows_.begin || index >= rows_.end) {
     resample(lattice_.y(row), 0, out.size(), out);
@@ -186,7 +194,7 @@ Status GRIDSTITCH(const stitch_parameters& parameters, const input_grid& grid_1,
   }
   MergedRows rows(parameters, grid_1, grid_2, measured);
   write_grid(parameters, rows);
-  summary = {measured.mismatch, rows.blended_cells()};
+  summary = {measured.mismatch, rows.blended_cells(), measured.correction.has_value()};
   return success;
 }
 

@@ -15,11 +15,13 @@ namespace velmorankite {
 struct stitch_summary {
   seam_mismatch mismatch;
   std::int64_t blended_cells = 0;  // of the output, those that hold a blend of both grids
+  bool corrected = false;          // the drifting part of the mismatch was removed too
 };
 
 inline constexpr Status stitch_impossible{-1};
 
-// Joins two grids along a line and writes the merged grid and `<stem>_mismatch.dat`.
+// Joins two grids along a line and writes the merged grid, `<stem>_mismatch.dat` and, with a
+// correction distance above 0, the correction grid with its log.
 //   parameters      see stitch_parameters.h; values with which no stitch can be done are refused
 //   grid_1, grid_2  standard grids of 4-byte floats, grid 1 on the right of the line
 //   line            gets its second vertex appended if it closes on itself

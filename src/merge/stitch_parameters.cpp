@@ -38,9 +38,7 @@ parameter_rule above_zero(int line, std::string_view field, T value) {
 
 std::optional<parameter_fault> find_fault(const stitch_parameters& p) {
   const parameter_rule rules[] = {
-      {7, std::isfinite(p.correction_distance) && p.correction_distance <= 0.0F,
-       "correction_distance", shortest(p.correction_distance),
-       "0 (the seam correction is not available yet)"},
+      finite(7, "correction_distance", p.correction_distance),
       {8, p.adjusted_grid == 0 || p.adjusted_grid == 1, "adjusted_grid", shortest(p.adjusted_grid),
        "0 or 1"},
       above_zero(9, "blend_width", p.blend_width),

@@ -145,12 +145,7 @@ TEST_F(Definitions, values_that_no_stitch_can_use_are_refused_before_any_work) {
     const char* refusal;
   };
   const example examples[] = {
-      {7, "0.1",
-       "line 7: correction_distance is 0.1, 0 (the seam correction is not available yet) is "
-       "expected"},
-      {7, "NaN",
-       "line 7: correction_distance is nan, 0 (the seam correction is not available yet) is "
-       "expected"},
+      {7, "NaN", "line 7: correction_distance is nan, a finite number is expected"},
       {8, "2", "line 8: adjusted_grid is 2, 0 or 1 is expected"},
       {8, "-1", "line 8: adjusted_grid is -1, 0 or 1 is expected"},
       {9, "0", "line 9: blend_width is 0, a finite number above 0 is expected"},

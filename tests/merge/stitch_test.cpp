@@ -188,7 +188,7 @@ TEST_F(Stitch, refuses_values_that_no_stitch_can_use_and_writes_nothing) {
   for (void (*spoil)(stitch_parameters&) :
        {+[](stitch_parameters& p) { p.blend_width = 0.0F; },
         +[](stitch_parameters& p) { p.adjusted_grid = 2; },
-        +[](stitch_parameters& p) { p.correction_distance = 1.0F; },
+        +[](stitch_parameters& p) { p.correction_distance = std::nanf(""); },
         +[](stitch_parameters& p) { p.lattice.y_count = 0; },
         +[](stitch_parameters& p) { p.lattice.x_cell = std::nan(""); }}) {
     stitch_parameters parameters = on_lattice(even, 400, 300);
