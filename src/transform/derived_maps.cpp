@@ -54,8 +54,9 @@ constexpr row_combination combinations[] = {combine_cells<total_gradient>,
 }  // namespace
 
 derived_map derived_map_of(const filter_parameters& parameters) {
-  constexpr std::int32_t angle_map_filter = 109;
-  if (parameters.FilterNo != angle_map_filter) return derived_map::total_gradient;
+  if (traits_of(parameters.FilterNo).gradient != gradient_use::angle) {
+    return derived_map::total_gradient;
+  }
   if (parameters.Opt2 == 1) return derived_map::theta;
   return parameters.Opt2 == 2 ? derived_map::tdx : derived_map::tilt;
 }

@@ -31,7 +31,7 @@ constexpr filter_step euler[] = {
 constexpr filter_step spectral_slope[] = {integer("Window width: ", &P::HalfWidth),
                                           integer("Window step: ", &P::Opt1)};
 constexpr filter_step angle_map[] = {call(name_angle_map), call(log_angle_map_source),
-                                     real("HF: ", &P::HiCut)};
+                                     real("HF: ", &P::HiCut), call(load_angle_map_operator)};
 constexpr filter_step horizontal_magnitude[] = {cutoff()};
 constexpr filter_step vertical_integral[] = {real("Order: ", &P::Par1), real("LF: ", &P::LoCut),
                                              choice("AS: Yes", "AS: No", &P::Opt2),
@@ -75,80 +75,87 @@ constexpr filter_step vrmi[] = {
 using R = response_id;
 using D = operator_design;
 constexpr std::nullopt_t kept = std::nullopt;
+using G = gradient_use;
 using S = direction_setup;
 constexpr std::uint8_t not_on_disk = road_convolution | road_memory;
 
 // index, response on the FFT roads, designer of a symmetric operator and the response it samples,
-// asymmetric operator, roads; title, short name, directions, what is loaded and logged.
+// asymmetric operator, use of the gradient, roads; title, short name, directions, what is loaded
+// and logged.
 // clang-format off
 constexpr catalogue_row catalogue[] = {
-    {{100, R::smooth, D::window, R::none, false, all_roads},
+    {{100, R::smooth, D::window, R::none, false, G::none, all_roads},
      "Smoothing filter", "Smoothing", S::none, smoothing},
-    {{101, R::continuation, D::sampled, R::continuation, true, all_roads},
+    {{101, R::continuation, D::sampled, R::continuation, true, G::none, all_roads},
      "Continuation: ", "Continuation", S::none, continuation},
-    {{102, R::vertical_derivative, D::sampled, R::vertical_derivative, false, all_roads},
+    {{102, R::vertical_derivative, D::sampled, R::vertical_derivative, false, G::none, all_roads},
      "Vert gradient: ", "VG", S::none, vertical_gradient},
-    {{103, R::magnetic_layer, D::sampled, R::magnetic_layer, false, all_roads},
+    {{103, R::magnetic_layer, D::sampled, R::magnetic_layer, false, G::none, all_roads},
      "Magnetic layer extraction: ", "MLE", S::none, layer},
-    {{104, R::gravity_layer, D::sampled, R::gravity_layer, false, all_roads},
+    {{104, R::gravity_layer, D::sampled, R::gravity_layer, false, G::none, all_roads},
      "Gravity layer extraction: ", "GLE", S::none, layer},
-    {{105, R::reste, D::sampled, R::reste, false, all_roads},
+    {{105, R::reste, D::sampled, R::reste, false, G::none, all_roads},
      "Reste Residual: ", "Reste", S::none, reste},
-    {{106, R::vertical_derivative, D::sampled, R::vertical_derivative, false, all_roads},
+    {{106, R::vertical_derivative, D::sampled, R::vertical_derivative, false, G::whole_length,
+      all_roads},
      "Total gradient: ", "AS", S::none, total_gradient},
-    {{107, R::none, D::sampled, R::vertical_derivative, false, all_roads},
+    {{107, R::none, D::sampled, R::vertical_derivative, false, G::none, all_roads},
      "Euler decon: ", "ED", S::none, euler},
-    {{108, R::none, D::none, R::none, false, all_roads},
+    {{108, R::none, D::none, R::none, false, G::none, all_roads},
      "Log spectral slope: ", "LogSpectralSlope", S::none, spectral_slope},
-    {{109, R::none, D::sampled, R::vertical_derivative, false, all_roads},
+    {{109, R::none, D::sampled, R::vertical_derivative, false, G::angle, all_roads},
      {}, kept, S::field_if_components, angle_map},
-    {{110, R::none, D::sampled, R::none, false, all_roads},
+    {{110, R::none, D::sampled, R::none, false, G::horizontal_length, all_roads},
      "Magnitude of horizontal gradient: ", "Magnitude_HG", S::none, horizontal_magnitude},
-    {{111, R::vertical_integral, D::sampled, R::vertical_integral, true, all_roads},
+    {{111, R::vertical_integral, D::sampled, R::vertical_integral, true, G::none, all_roads},
      "Vertical integral: ", "VI", S::none, vertical_integral},
-    {{112, R::none, D::none, R::none, false, all_roads},
+    {{112, R::none, D::none, R::none, false, G::none, all_roads},
      "Hole fill: ", "HoleFill", S::none, {}},
-    {{114, R::continuation, D::sampled, R::continuation, true, not_on_disk},
+    {{114, R::continuation, D::sampled, R::continuation, true, G::none, not_on_disk},
      "Multilayer Continuation: ", "MLC", S::none, multilayer},
-    {{115, R::strike, D::strike, R::none, false, all_roads},
+    {{115, R::strike, D::strike, R::none, false, G::none, all_roads},
      "Strike filter: ", "SF", S::none, strike},
-    {{116, R::tensor, D::none, R::none, false, all_roads},
+    {{116, R::tensor, D::none, R::none, false, G::none, all_roads},
      "Tensor transform: ", "Tensor", S::axes, tensor},
-    {{117, R::apparent_susceptibility, D::none, R::none, false, all_roads},
+    {{117, R::apparent_susceptibility, D::none, R::none, false, G::none, all_roads},
      "App susc: ", "AppSus", S::none, susceptibility},
-    {{200, R::none, D::none, R::none, false, all_roads}, {}, "", S::field, directions},
-    {{201, R::pole, D::none, R::none, true, all_roads},
+    {{200, R::none, D::none, R::none, false, G::none, all_roads}, {}, "", S::field, directions},
+    {{201, R::pole, D::none, R::none, true, G::none, all_roads},
      "Reduction to the pole: ", "RTP", S::field, pole},
-    {{202, R::equator, D::none, R::none, true, all_roads},
+    {{202, R::equator, D::none, R::none, true, G::none, all_roads},
      "Reduction to the equator: ", "RTE", S::field, directions},
-    {{203, R::pseudo_gravity, D::none, R::none, true, all_roads},
+    {{203, R::pseudo_gravity, D::none, R::none, true, G::none, all_roads},
      "Mag pseudo gravity: ", "MagPseudoGrav", S::field, directions},
-    {{204, R::horizontal_derivative, D::none, R::none, true, all_roads},
+    {{204, R::horizontal_derivative, D::none, R::none, true, G::none, all_roads},
      "horizontal grad", "HG", S::derivative, horizontal_gradient},
-    {{205, R::none, D::none, R::none, false, not_on_disk}, {}, kept, S::derivative, ensemble},
-    {{206, R::horizontal_of_vertical_derivative, D::none, R::none, true, all_roads},
+    {{205, R::none, D::none, R::none, false, G::none, not_on_disk}, {}, kept, S::derivative,
+      ensemble},
+    {{206, R::horizontal_of_vertical_derivative, D::none, R::none, true, G::none, all_roads},
      "grad d2dxdz: ", "DxDz", S::derivative, horizontal_gradient},
-    {{207, R::horizontal_of_vertical_derivative, D::none, R::none, true, all_roads},
+    {{207, R::horizontal_of_vertical_derivative, D::none, R::none, true, G::none, all_roads},
      "grad d2dydz: ", "DyDz", S::derivative, horizontal_gradient},
-    {{208, R::second_cross_derivative, D::none, R::none, true, all_roads},
+    {{208, R::second_cross_derivative, D::none, R::none, true, G::none, all_roads},
      "grad d2dxdy: ", "DzDz", S::derivative, horizontal_gradient},
-    {{209, R::horizontal_of_vertical_integral, D::none, R::none, true, all_roads},
+    {{209, R::horizontal_of_vertical_integral, D::none, R::none, true, G::none, all_roads},
      "grad izdx/dy: ", "DxVI", S::derivative, horizontal_gradient},
-    {{210, R::vertical_derivative_of_integral, D::none, R::none, true, all_roads},
+    {{210, R::vertical_derivative_of_integral, D::none, R::none, true, G::none, all_roads},
      "grad izdz: ", "DzVI", S::derivative, horizontal_gradient},
-    {{211, R::phase_flip, D::none, R::none, true, all_roads},
+    {{211, R::phase_flip, D::none, R::none, true, G::none, all_roads},
      "Phase flip: ", "PhaseFlip", S::derivative, phase_flip},
-    {{212, R::none, D::none, R::none, false, all_roads},
+    {{212, R::none, D::none, R::none, false, G::none, all_roads},
      "TMI VRMI: ", "VRMI", S::field, vrmi},
-    {{filter_field_x, R::field_x, D::none, R::none, true, all_roads}, {}, kept, S::field, {}},
-    {{filter_field_y, R::field_y, D::none, R::none, true, all_roads}, {}, kept, S::field, {}},
-    {{filter_field_z, R::field_z, D::none, R::none, true, all_roads}, {}, kept, S::field, {}},
+    {{filter_field_x, R::field_x, D::none, R::none, true, G::none, all_roads}, {}, kept, S::field,
+      {}},
+    {{filter_field_y, R::field_y, D::none, R::none, true, G::none, all_roads}, {}, kept, S::field,
+      {}},
+    {{filter_field_z, R::field_z, D::none, R::none, true, G::none, all_roads}, {}, kept, S::field,
+      {}},
 };
 // clang-format on
 
 // Indices in the range that have no row of their own.
 constexpr catalogue_row identity{
-    {0, R::none, D::none, R::none, false, all_roads}, {}, "", S::none, directions};
+    {0, R::none, D::none, R::none, false, G::none, all_roads}, {}, "", S::none, directions};
 
 static_assert(std::ranges::is_sorted(catalogue, {},
                                      [](const catalogue_row& row) { return row.traits.index; }));

@@ -108,6 +108,14 @@ void load_strike_operator(filter_loading& loading, const filter_step& /*step*/) 
   }
 }
 
+// On the convolution road the map is made of the first vertical derivative, which is the order
+// that the operator is designed for; the declination has been taken from Par1 by then.
+void load_angle_map_operator(filter_loading& loading, const filter_step& /*step*/) {
+  if (loading.parameters.Road == 0) {
+    loading.parameters.Par1 = 1.0F;
+  }
+}
+
 void widen_crossline(filter_loading& loading, const filter_step& /*step*/) {
   float& crossline = loading.parameters.Par3;
   crossline = std::max(std::abs(crossline), narrowest_crossline);

@@ -21,6 +21,7 @@ void name_angle_map(filter_loading& loading, const filter_step& step);
 void log_angle_map_source(filter_loading& loading, const filter_step& step);
 void normalise_strike(filter_loading& loading, const filter_step& step);
 void load_strike_operator(filter_loading& loading, const filter_step& step);
+void load_angle_map_operator(filter_loading& loading, const filter_step& step);
 void widen_crossline(filter_loading& loading, const filter_step& step);
 void log_variable_vrmi(filter_loading& loading, const filter_step& step);
 void normalise_phase_azimuth(filter_loading& loading, const filter_step& step);

@@ -123,6 +123,9 @@ enum class operator_design : std::uint8_t {
   sampled,  // quarter plane from samples of a real response
 };
 
+// What a filter makes of a vertical derivative and the two horizontal ones.
+enum class gradient_use : std::uint8_t { none, whole_length, angle, horizontal_length };
+
 // The roads on which a filter is taken.
 inline constexpr std::uint8_t road_convolution = 1;
 inline constexpr std::uint8_t road_memory = 2;
@@ -136,6 +139,7 @@ struct filter_traits {
   operator_design design = operator_design::none;  // of WTSYM
   response_id sampled = response_id::none;         // response that WTSYM samples
   bool asymmetric = false;                         // WTASYM designs an operator from `response`
+  gradient_use gradient = gradient_use::none;
   std::uint8_t roads = 0;
 };
 

@@ -43,8 +43,8 @@ class GridRun {
   void load(std::int32_t filter, std::array<float, real_parameters> reals,
             std::array<std::int32_t, integer_parameters> integers = {}) {
     const Status status =
-        TRSFLT(filter, 3, 2, 1, 0.0F, 0.0F, 0.0F, integers, reals, lattice_.x_cell, lattice_.y_cell,
-               parameters_, [](std::string_view) {});
+        TRSFLT(filter, 3, 2, 1, high_cut, 0.0F, 0.0F, integers, reals, lattice_.x_cell,
+               lattice_.y_cell, parameters_, [](std::string_view) {});
     ASSERT_FALSE(status.failed());
   }
 
@@ -109,6 +109,8 @@ class GridRun {
   const fft_geometry& geometry() const { return geometry_; }
   std::vector<float>& array() { return array_; }
   filter_parameters& parameters() { return parameters_; }
+
+  float high_cut = 0.0F;  // HiCut of the filters to come
 
  private:
   const fft_geometry& plan(std::int32_t nxp, std::int32_t nyp) {

@@ -1,0 +1,272 @@
+// SPDX-License-Identifier: MIT
+#include "transform/convolution.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstddef>
+#include <vector>
+
+#include "platform/io_error.h"
+#include "support/failing_system.h"
+#include "transform/convolution_design.h"
+#include "transform/grid_run.h"
+
+namespace velmorankite {
+namespace {
+
+using platform::BinaryFile;
+using platform::open_mode;
+using testing::GridRun;
+using testing::TemporaryFolder;
+
+const log_sink no_log = [](std::string_view) {};
+
+// A grid file with a small pattern in it, and the passes over it in place.
+class Pattern {
+ public:
+  Pattern(std::int32_t columns, std::int32_t rows, const testing::cell_function& cell,
+          std::int32_t sense = 1)
+      : layout_{sense, columns, rows} {
+    testing::write_grid(path(), {0.0, 0.0, 1.0, 1.0, columns, rows}, cell, sense);
+  }
+  std::filesystem::path path() const { return folder_ / "g.grd"; }
+  std::vector<float> symmetric(const std::vector<float>& weights, std::int32_t w,
+                               std::int32_t filter = 101) {
+    filter_parameters p;
+    p.FilterNo = filter;
+    p.CellX = 2.0;
+    p.CellY = 4.0;
+    BinaryFile file(path(), open_mode::read_write);
+    WTCONVS(weights, w, p, {file, layout_, file, layout_});
+    file.close();
+    return testing::read_grid(path());
+  }
+  std::vector<float> asymmetric(const std::vector<float>& weights, std::int32_t n) {
+    BinaryFile file(path(), open_mode::read_write);
+    WTCONVA(weights, n, {file, layout_, file, layout_});
+    file.close();
+    return testing::read_grid(path());
+  }
+
+ private:
+  TemporaryFolder folder_;
+  RowLayout layout_;
+};
+
+float spike(std::int32_t column, std::int32_t row) {
+  return column == 4 && row == 3 ? 1.0F : 0.0F;
+}
+
+TEST(SymmetricConvolution, spreads_a_spike_into_the_operator) {
+  const std::vector<float> weights{1.0F, 2.0F, 4.0F, 8.0F};  // centre, X, Y, diagonals
+  for (const std::int32_t sense : {1, -2}) {
+    Pattern grid(8, 6, spike, sense);
+    const std::vector<float> out = grid.symmetric(weights, 2);
+    for (std::int32_t row = 1; row <= 6; ++row) {
+      for (std::int32_t column = 1; column <= 8; ++column) {
+        const bool edge = row == 1 || row == 6 || column == 1 || column == 8;
+        const int b = std::abs(column - 4);
+        const int a = std::abs(row - 3);
+        const float expected = edge             ? dummy
+                               : a > 1 || b > 1 ? 0.0F
+                                                : weights[static_cast<std::size_t>(2 * a + b)];
+        EXPECT_EQ(out[static_cast<std::size_t>((row - 1) * 8 + column - 1)], expected)
+            << column << ", " << row;
+      }
+    }
+  }
+}
+
+TEST(SymmetricConvolution, cells_are_summed_in_one_order_whatever_the_width_of_the_grid) {
+  std::vector<float> weights(16);
+  for (std::size_t i = 0; i < 16; ++i)
+    weights[i] = 1.0F / static_cast<float>(3 + i);
+  const auto rough = [](std::int32_t column, std::int32_t row) {
+    return std::sin(static_cast<float>(column * 37 + row * 11)) * 1000.0F;
+  };
+  Pattern grid(600, 9, rough);
+  const std::vector<float> out = grid.symmetric(weights, 4);
+  for (const std::int32_t x : {4, 259, 260, 261, 597}) {
+    const std::int32_t y = 5;
+    const auto c = [&](std::int32_t b, std::int32_t a) { return rough(x + b, y + a); };
+    float sum = weights[0] * c(0, 0);
+    for (int b = 1; b < 4; ++b)
+      sum += weights[static_cast<std::size_t>(b)] * (c(b, 0) + c(-b, 0));
+    for (int a = 1; a < 4; ++a) {
+      sum += weights[static_cast<std::size_t>(4 * a)] * (c(0, a) + c(0, -a));
+    }
+    for (int a = 1; a < 4; ++a) {
+      for (int b = 1; b < 4; ++b) {
+        sum += weights[static_cast<std::size_t>(4 * a + b)] *
+               (c(b, a) + c(-b, a) + c(b, -a) + c(-b, -a));
+      }
+    }
+    EXPECT_EQ(out[static_cast<std::size_t>((y - 1) * 600 + x - 1)], sum) << x;
+  }
+}
+
+TEST(Convolution, does_not_reach_over_a_cell_without_data) {
+  const auto holed = [](std::int32_t column, std::int32_t row) {
+    return column == 5 && row == 5 ? dummy : 1.0F;
+  };
+  const std::vector<float> ones(9, 1.0F);
+  Pattern symmetric(9, 9, holed);
+  Pattern asymmetric(9, 9, holed);
+  const std::vector<float> s = symmetric.symmetric({1.0F, 1.0F, 1.0F, 1.0F}, 2);
+  const std::vector<float> a = asymmetric.asymmetric(ones, 3);
+  for (std::int32_t row = 2; row <= 8; ++row) {
+    for (std::int32_t column = 2; column <= 8; ++column) {
+      const bool near = std::abs(column - 5) <= 1 && std::abs(row - 5) <= 1;
+      const auto at = static_cast<std::size_t>((row - 1) * 9 + column - 1);
+      EXPECT_EQ(s[at], near ? dummy : 9.0F);
+      EXPECT_EQ(a[at], near ? dummy : 9.0F);
+    }
+  }
+  EXPECT_EQ(a[0], 0.0F);
+  EXPECT_EQ(s[0], dummy);
+}
+
+TEST(SymmetricConvolution, gradient_filters_take_the_slopes_of_the_input) {
+  // 3 per cell along X and 8 per cell along Y; cells of 2 by 4.
+  const auto slope = [](std::int32_t column, std::int32_t row) {
+    return static_cast<float>(3 * column + 8 * row);
+  };
+  struct example {
+    std::int32_t filter;
+    double value;
+  };
+  for (const std::int32_t w : {1, 2}) {
+    std::vector<float> identity(static_cast<std::size_t>(w * w));
+    identity[0] = 1.0F;
+    const double c = 3.0 * 3 + 8.0 * 3;
+    const double level = std::hypot(1.5, 2.0);
+    for (const example& e :
+         {example{106, std::hypot(c, level)},
+          {109, std::acos(std::min(level / std::hypot(c, level), 0.9999)) / DegToRad},
+          {110, level}}) {
+      Pattern grid(5, 5, slope);
+      const std::vector<float> out = grid.symmetric(identity, w, e.filter);
+      EXPECT_NEAR(out[12], e.value, 1.0E-4) << e.filter;
+      EXPECT_EQ(out[7] == dummy, false);
+      EXPECT_EQ(out[4], dummy);
+    }
+  }
+}
+
+TEST(AsymmetricConvolution, puts_the_weight_of_a_lag_that_far_from_a_spike) {
+  std::vector<float> weights(9);
+  for (std::size_t i = 0; i < 9; ++i)
+    weights[i] = static_cast<float>(i + 1);
+  for (const std::int32_t sense : {1, -2}) {
+    Pattern grid(8, 6, spike, sense);
+    const std::vector<float> out = grid.asymmetric(weights, 3);
+    for (std::int32_t a = -1; a <= 1; ++a) {
+      for (std::int32_t b = -1; b <= 1; ++b) {
+        EXPECT_EQ(out[static_cast<std::size_t>((3 + a - 1) * 8 + 4 + b - 1)],
+                  weights[static_cast<std::size_t>((a + 1) * 3 + b + 1)])
+            << b << ", " << a;
+      }
+    }
+    EXPECT_EQ(out[8], 0.0F);
+    EXPECT_EQ(out[7 * 6 - 1], 0.0F);
+  }
+}
+
+TEST(Convolution, of_a_grid_smaller_than_the_operator_is_all_edge) {
+  Pattern low(9, 4, spike);
+  EXPECT_EQ(low.symmetric(std::vector<float>(9, 1.0F), 3), std::vector<float>(36, dummy));
+  Pattern narrow(4, 9, spike);
+  EXPECT_EQ(narrow.asymmetric(std::vector<float>(25, 1.0F), 5), std::vector<float>(36, 0.0F));
+}
+
+TEST(Convolution, can_write_to_another_file) {
+  Pattern grid(8, 6, spike);
+  const BinaryFile input(grid.path(), open_mode::read);
+  BinaryFile output = BinaryFile::anonymous();
+  const RowLayout layout{1, 8, 6};
+  WTCONVA(std::vector<float>{0.0F, 0.0F, 0.0F, 0.0F, 2.0F, 0.0F, 0.0F, 0.0F, 0.0F}, 3,
+          {input, layout, output, layout});
+  EXPECT_EQ(output.read_value<float>(512 + 4 * (2 * 8 + 3) + 1), 2.0F);
+  EXPECT_EQ(testing::read_grid(grid.path())[2 * 8 + 3], 1.0F);
+}
+
+TEST(Convolution, that_cannot_read_or_write_is_an_error) {
+  for (const testing::system_call call :
+       {testing::system_call::read, testing::system_call::write}) {
+    Pattern grid(8, 6, spike);
+    BinaryFile file(grid.path(), open_mode::read_write);
+    const RowLayout layout{1, 8, 6};
+    int errors = 0;
+    const int failures = testing::fail_each_call(
+        call, EIO,
+        [&] {
+          try {
+            WTCONVA(std::vector<float>(9, 1.0F), 3, {file, layout, file, layout});
+          } catch (const platform::IoError&) {
+            ++errors;
+            throw;
+          }
+        },
+        [](int) {});
+    EXPECT_EQ(failures, 6);
+    EXPECT_EQ(errors, 6);
+  }
+}
+
+// A filter means the same on both roads: a smooth field away from the edges.
+TEST(Convolution, agrees_with_the_fft_road_in_sign_and_size) {
+  const auto hill = [](double x, double y) {
+    return std::exp(-((x - 5.0) * (x - 5.0) + 2.0 * (y + 6.0) * (y + 6.0)) / 120.0) -
+           0.5 * std::exp(-((x + 15.0) * (x + 15.0) + (y - 9.0) * (y - 9.0)) / 90.0);
+  };
+  // Without a high cut the response of a derivative jumps at the Nyquist frequency, and an
+  // operator of any width rings.
+  struct example {
+    std::int32_t filter;
+    std::array<float, real_parameters> reals;
+    float high_cut;
+    double tolerance;
+  };
+  const example examples[] = {
+      {101, {4.0F}, 0.0F, 0.03},        {102, {1.0F}, 0.0F, 0.04},
+      {204, {1.0F, 90.0F}, 1.0F, 0.02}, {204, {1.0F, 0.0F}, 1.0F, 0.02},
+      {204, {1.0F, 30.0F}, 1.0F, 0.02}, {204, {2.0F, 0.0F}, 1.0F, 0.02},
+      {206, {1.0F, 30.0F}, 1.0F, 0.04}, {208, {1.0F, 0.0F}, 1.0F, 0.04},
+  };
+  constexpr std::int32_t w = 20;
+  for (const std::int32_t sense : {1, -2}) {
+    for (const example& e : examples) {
+      GridRun run(128, 128, 2.0, 2.0, sense,
+                  [&](double x, double y) { return hill(0.5 * x, 0.5 * y); });
+      run.high_cut = e.high_cut;
+      const std::vector<float> by_fft = run.filtered(e.filter, e.reals);
+      run.load(e.filter, e.reals);
+      const std::int32_t n = full_points(w);
+      std::vector<float> weights(static_cast<std::size_t>(n * n));
+      ASSERT_EQ(WTDESIGN(run.parameters(), n, weights, no_log), success);
+      const convolution_grids grids{run.file(), run.layout(), run.file(), run.layout()};
+      if (e.filter < 200) {
+        WTCONVS(weights, w, run.parameters(), grids);
+      } else {
+        WTCONVA(weights, n, grids);
+      }
+      run.file().close();
+      const std::vector<float> by_operator = testing::read_grid(run.folder() / "padded.grd");
+      double largest = 0.0;
+      double error = 0.0;
+      for (std::size_t row = 40; row < 88; ++row) {
+        for (std::size_t column = 40; column < 88; ++column) {
+          const auto expected = static_cast<double>(by_fft[row * 128 + column]);
+          largest = std::max(largest, std::abs(expected));
+          error = std::max(
+              error, std::abs(static_cast<double>(by_operator[row * 128 + column]) - expected));
+        }
+      }
+      EXPECT_LT(error, e.tolerance * largest) << e.filter << " in sense " << sense;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace velmorankite
