@@ -15,6 +15,10 @@ namespace {
 // Columns that are read beside a single point, since its neighbours often come next.
 constexpr std::int32_t columns_to_spare = 125;
 
+// Points that a whole call takes at once. Its memory then stays so small that the system does not
+// take it back between one call and the next: fresh pages would cost more than the values.
+constexpr std::size_t points_at_once = 1024;
+
 }  // namespace
 
 CellInterpolator::CellInterpolator(const std::filesystem::path& path, const grid_description& grid,
@@ -49,7 +53,7 @@ void CellInterpolator::row(std::span<const double> x, double y, std::span<float>
   const auto cells_of = [&](std::int64_t row) {
     return rows_.stretch(row, plan_.first_column, plan_.last_column, 0);
   };
-  if (std::fabs(place.offset) + plan_.furthest < on_cell) {
+  if (plan_.all_on_cells(std::fabs(place.offset))) {
     copy_nearest(cells_of(place.nearest), plan_, values);
   } else {
     const std::int64_t base = place.base();
@@ -62,7 +66,7 @@ void CellInterpolator::row(std::span<const double> x, double y, std::span<float>
 
 float CellInterpolator::value_at(const AxisPlace& x, const AxisPlace& y) {
   const float nearest = *rows_.stretch(y.nearest, x.nearest, x.nearest, columns_to_spare);
-  if (std::fabs(x.offset) + std::fabs(y.offset) < on_cell || !is_valid(nearest)) {
+  if (is_on_cell(std::fabs(x.offset), std::fabs(y.offset)) || !is_valid(nearest)) {
     return nearest;
   }
   four_rows rows;
@@ -105,7 +109,10 @@ Status GEO_CELL_INTERPOLATION(std::int32_t source_flag, std::string_view path,
   CellInterpolator grid_cells = from_file
                                     ? CellInterpolator(std::filesystem::path(name), grid, mode)
                                     : CellInterpolator(cells, grid, mode);
-  grid_cells.points(x.first(count), y.first(count), values);
+  for (std::size_t done = 0; done < count; done += points_at_once) {
+    const std::size_t some = std::min(points_at_once, count - done);
+    grid_cells.points(x.subspan(done, some), y.subspan(done, some), values.subspan(done, some));
+  }
   return success;
 }
 

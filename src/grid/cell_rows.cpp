@@ -26,7 +26,7 @@ const float* CellRows::stretch(std::int64_t row, std::int32_t first, std::int32_
     kept.row = no_row;  // stays so if the read fails
     kept.first = first - std::clamp(first - 1, 0, spare);
     kept.last = last + std::clamp(layout_.x_count - last, 0, spare);
-    kept.cells.resize(static_cast<std::size_t>(kept.last - kept.first) + 1);
+    kept.cells.make_room(static_cast<std::size_t>(kept.last - kept.first) + 1);
     fill(row, kept);
     kept.row = row;
   }
@@ -34,7 +34,8 @@ const float* CellRows::stretch(std::int64_t row, std::int32_t first, std::int32_
 }
 
 void CellRows::fill(std::int64_t row, slot& kept) const {
-  const std::span<float> cells(kept.cells);
+  const std::span<float> cells =
+      kept.cells.span().first(static_cast<std::size_t>(kept.last - kept.first) + 1);
   const std::int32_t first = std::max(kept.first, 1);
   const std::int32_t last = std::min(kept.last, layout_.x_count);
   if (row < 1 || row > layout_.y_count || first > last) {

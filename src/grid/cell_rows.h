@@ -5,11 +5,11 @@
 #include <cstdint>
 #include <filesystem>
 #include <span>
-#include <vector>
 
 #include "formats/grid_description.h"
 #include "grid/grid_rows.h"
 #include "platform/binary_file.h"
+#include "platform/large_array.h"
 
 namespace velmorankite {
 
@@ -38,7 +38,7 @@ class CellRows {
     std::int64_t row = no_row;
     std::int32_t first = 0;  // columns first to last are held
     std::int32_t last = 0;
-    std::vector<float> cells;
+    platform::LargeArray<float> cells;
   };
 
   void fill(std::int64_t row, slot& kept) const;

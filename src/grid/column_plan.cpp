@@ -6,66 +6,102 @@
 #include <cstring>
 
 namespace velmorankite {
+namespace {
+
+// The loops below run over plain pointers and local values, and without branches: so the compiler
+// can take several points at once.
+
+bool ascends(const std::int32_t* columns, std::size_t count) noexcept {
+  std::int32_t other_steps = 0;
+  for (std::size_t i = 1; i < count; ++i) {
+    other_steps |= (columns[i] - columns[i - 1]) ^ 1;
+  }
+  return other_steps == 0;
+}
+
+constexpr bool is_inside(std::int32_t column) noexcept {
+  return column != ColumnPlan::outside;
+}
+
+}  // namespace
 
 void ColumnPlan::make(const GridAxis& axis, std::span<const double> x) {
   // Bit by bit, so that a row of NaN is found again too.
-  if (x.size() == x_.size() &&
-      (x.empty() || std::memcmp(x.data(), x_.data(), x.size_bytes()) == 0)) {
+  if (x.size() == count_ && (x.empty() || std::memcmp(x.data(), x_.data(), x.size_bytes()) == 0)) {
     return;
   }
-  x_.assign(x.begin(), x.end());
-  place(axis);
+  count_ = 0;  // stays so if memory runs out
+  for (platform::LargeArray<double>* array : {&x_, &fraction, &distance}) {
+    array->make_room(x.size());
+  }
+  left.make_room(x.size());
+  nearest.make_room(x.size());
+  count_ = x.size();
+  std::ranges::copy(x, x_.begin());
+  place_all(axis);
   survey();
 }
 
-// Columns of the grid at first: survey makes them cells of the stretch.
-void ColumnPlan::place(const GridAxis& axis) {
-  const std::size_t count = x_.size();
-  left.resize(count);
-  nearest.resize(count);
-  fraction.resize(count);
-  distance.resize(count);
-  for (std::size_t i = 0; i < count; ++i) {
-    const AxisPlace at = axis.place(x_[i]);
-    left[i] = at.base() - 1;
-    nearest[i] = axis.contains(x_[i]) ? at.nearest : outside;
-    fraction[i] = at.fraction();
-    distance[i] = std::fabs(at.offset);
+// Columns are those of the grid here; survey counts them from the stretch.
+void ColumnPlan::place_all(const GridAxis axis) {
+  const double* const x = x_.data();
+  std::int32_t* const left_of = left.data();
+  std::int32_t* const nearest_to = nearest.data();
+  double* const fraction_of = fraction.data();
+  double* const distance_of = distance.data();
+  for (std::size_t i = 0; i < count_; ++i) {
+    const AxisPlace at = axis.place(x[i]);
+    left_of[i] = at.base() - 1;
+    nearest_to[i] = axis.contains(x[i]) ? at.nearest : outside;
+    fraction_of[i] = at.fraction();
+    distance_of[i] = std::fabs(at.offset);
   }
 }
 
 void ColumnPlan::survey() {
-  const auto is_inside = [](std::int32_t column) { return column != outside; };
-  begin = static_cast<std::size_t>(std::ranges::find_if(nearest, is_inside) - nearest.begin());
-  end = nearest.size();
+  begin = 0;
+  while (begin < count_ && !is_inside(nearest[begin])) {
+    ++begin;
+  }
+  end = count_;
   while (end > begin && !is_inside(nearest[end - 1])) {
     --end;
   }
-  furthest = 0.0;
-  all_inside = left_ascends = nearest_ascends = true;
-  if (begin == end) {
-    return;
+  if (begin < end) {
+    count_from_stretch();
+    left_ascends = ascends(&left[begin], end - begin);
+    nearest_ascends = ascends(&nearest[begin], end - begin);
   }
-  first_column = left[begin];
-  last_column = left[begin] + 3;
+}
+
+void ColumnPlan::count_from_stretch() {
+  std::int32_t* const left_of = &left[begin];
+  std::int32_t* const nearest_to = &nearest[begin];
+  const std::size_t count = end - begin;
+  std::int32_t lowest = left_of[0];
+  std::int32_t highest = left_of[0];
+  std::int32_t left_out = 0;
+  for (std::size_t i = 0; i < count; ++i) {
+    lowest = std::min(lowest, left_of[i]);
+    highest = std::max(highest, left_of[i]);
+    left_out += static_cast<std::int32_t>(!is_inside(nearest_to[i]));
+  }
+  for (std::size_t i = 0; i < count; ++i) {
+    left_of[i] -= lowest;
+    nearest_to[i] = is_inside(nearest_to[i]) ? nearest_to[i] - lowest : outside;
+  }
+  first_column = lowest;
+  last_column = highest + 3;
+  all_inside = left_out == 0;
+}
+
+bool ColumnPlan::all_on_cells(double y_distance) const noexcept {
+  const double* const distance_of = distance.data();
+  std::int32_t between = 0;
   for (std::size_t i = begin; i < end; ++i) {
-    if (!is_inside(nearest[i])) {
-      all_inside = false;
-      left[i] = left[begin];
-      continue;
-    }
-    first_column = std::min(first_column, left[i]);
-    last_column = std::max(last_column, left[i] + 3);
-    furthest = std::max(furthest, distance[i]);
+    between |= static_cast<std::int32_t>(!is_on_cell(distance_of[i], y_distance));
   }
-  for (std::size_t i = begin; i < end; ++i) {
-    left[i] -= first_column;
-    nearest[i] = is_inside(nearest[i]) ? nearest[i] - first_column : outside;
-  }
-  for (std::size_t i = begin + 1; i < end; ++i) {
-    left_ascends = left_ascends && left[i] == left[i - 1] + 1;
-    nearest_ascends = nearest_ascends && nearest[i] == nearest[i - 1] + 1;
-  }
+  return between == 0;
 }
 
 }  // namespace velmorankite

@@ -5,13 +5,13 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
-#include <vector>
 
 #include "grid/grid_axis.h"
+#include "platform/large_array.h"
 
 namespace velmorankite {
 
-// Cells are counted from 0 within the stretch of columns that the points reach.
+// Columns are counted from 0 within the stretch of columns that the points reach.
 struct ColumnPlan {
   static constexpr std::int32_t outside = -1;
 
@@ -21,25 +21,30 @@ struct ColumnPlan {
   std::size_t end = 0;
 
   // One entry a point; those of a point outside can be computed with, but mean nothing.
-  std::vector<std::int32_t> left;     // leftmost of the four columns round the point
-  std::vector<std::int32_t> nearest;  // the nearest column, or outside
-  std::vector<double> fraction;       // distance from the second of the four, 0 to 1
-  std::vector<double> distance;       // distance from the nearest column, in cells
+  platform::LargeArray<std::int32_t> left;     // leftmost of the four columns round the point
+  platform::LargeArray<std::int32_t> nearest;  // the nearest column, or outside
+  platform::LargeArray<double> fraction;       // distance from the second of the four, 0 to 1
+  platform::LargeArray<double> distance;       // distance from the nearest column, in cells
 
   // Of the points from begin to end:
-  double furthest = 0.0;        // largest distance
   bool all_inside = true;       // none is outside
   bool left_ascends = true;     // left goes up by one from point to point
   bool nearest_ascends = true;  // so does nearest
 
-  // Makes the plan for points at `x`, unless it is the plan for them already.
+  // Makes the plan for points at `x`, unless it is the plan for them already. One plan, one axis.
   void make(const GridAxis& axis, std::span<const double> x);
 
- private:
-  void place(const GridAxis& axis);
-  void survey();
+  // Whether all points from begin to end take a cell's own value on a row that lies `y_distance`
+  // cells from the nearest row of the grid.
+  [[nodiscard]] bool all_on_cells(double y_distance) const noexcept;
 
-  std::vector<double> x_;
+ private:
+  void place_all(GridAxis axis);
+  void survey();
+  void count_from_stretch();
+
+  std::size_t count_ = 0;
+  platform::LargeArray<double> x_;
 };
 
 }  // namespace velmorankite

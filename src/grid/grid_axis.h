@@ -7,6 +7,13 @@
 
 namespace velmorankite {
 
+// Whether a point so far from its nearest cell, in cells along X and along Y, lies practically on
+// the cell and takes its value.
+[[nodiscard]] constexpr bool is_on_cell(double x_distance, double y_distance) noexcept {
+  constexpr auto practically = static_cast<double>(0.01F);
+  return x_distance + y_distance < practically;
+}
+
 // The cell nearest to a coordinate, and the distance from its centre.
 struct AxisPlace {
   std::int32_t nearest = 1;  // from 1
@@ -18,7 +25,8 @@ struct AxisPlace {
     return offset < 0.0 ? nearest - 1 : nearest;
   }
   [[nodiscard]] constexpr double fraction() const noexcept {
-    return offset < 0.0 ? offset + 1.0 : offset;
+    const double moved = offset + 1.0;
+    return offset < 0.0 ? moved : offset;
   }
 };
 
@@ -32,7 +40,8 @@ struct GridAxis {
   std::int32_t count;
 
   [[nodiscard]] constexpr bool contains(double coordinate) const noexcept {
-    return coordinate >= lowest && coordinate <= highest;  // never so for NaN
+    // Never so for NaN. Both tests are always made: there is no branch in a loop over points.
+    return static_cast<int>(coordinate >= lowest) & static_cast<int>(coordinate <= highest);
   }
 
   // For a coordinate that the axis contains. The index is limited before it is made an integer, so

@@ -2,6 +2,7 @@
 #include "grid/row_interpolation.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 
 #include "grid/catmull_rom.h"
@@ -59,6 +60,27 @@ void fill_outside(const ColumnPlan& plan, std::span<float> values) {
   std::ranges::fill(values.subspan(plan.end), dummy);
 }
 
+// Puts right the points outside, on a cell, on an empty one or beside a hole.
+void take_one_by_one(const four_rows& rows, const ColumnPlan& plan, const AxisPlace& y,
+                     std::span<const std::int32_t> complete, std::span<float> values) {
+  const double y_distance = std::fabs(y.offset);
+  const float* const nearest_row = y.nearest == y.base() ? rows[1] : rows[2];
+  for (std::size_t i = plan.begin; i < plan.end; ++i) {
+    if (plan.nearest[i] == ColumnPlan::outside) {
+      values[i] = dummy;
+      continue;
+    }
+    const float nearest = nearest_row[plan.nearest[i]];
+    const std::int32_t left = plan.left[i];
+    if (is_on_cell(plan.distance[i], y_distance) || !is_valid(nearest)) {
+      values[i] = nearest;
+    } else if (complete[static_cast<std::size_t>(left)] == 0) {
+      const four_rows there = {rows[0] + left, rows[1] + left, rows[2] + left, rows[3] + left};
+      values[i] = interpolate_patched(there, nearest, plan.fraction[i], y.fraction());
+    }
+  }
+}
+
 }  // namespace
 
 void copy_nearest(const float* cells, const ColumnPlan& plan, std::span<float> values) {
@@ -75,32 +97,17 @@ void copy_nearest(const float* cells, const ColumnPlan& plan, std::span<float> v
 void interpolate_row(const four_rows& rows, const ColumnPlan& plan, const AxisPlace& y,
                      RowScratch& scratch, std::span<float> values) {
   const auto width = static_cast<std::size_t>(plan.last_column - plan.first_column) + 1;
-  scratch.column_values.resize(width);
-  scratch.complete.resize(width);
-  const double fy = y.fraction();
-  evaluate_columns(rows, fy, scratch.column_values, scratch.complete);
-  const bool all_complete = join_columns(scratch.complete);
+  scratch.column_values.make_room(width);
+  scratch.complete.make_room(width);
+  const std::span<float> columns = scratch.column_values.span().first(width);
+  const std::span<std::int32_t> complete = scratch.complete.span().first(width);
+  evaluate_columns(rows, y.fraction(), columns, complete);
+  const bool all_complete = join_columns(complete);
   fill_outside(plan, values);
-  evaluate_points(plan, scratch.column_values, values);
+  evaluate_points(plan, columns, values);
 
-  const double y_distance = y.offset < 0.0 ? -y.offset : y.offset;
-  if (all_complete && plan.all_inside && y_distance >= on_cell) {
-    return;
-  }
-  const float* const nearest_row = y.nearest == y.base() ? rows[1] : rows[2];
-  for (std::size_t i = plan.begin; i < plan.end; ++i) {
-    if (plan.nearest[i] == ColumnPlan::outside) {
-      values[i] = dummy;
-      continue;
-    }
-    const float nearest = nearest_row[plan.nearest[i]];
-    const std::int32_t left = plan.left[i];
-    if (plan.distance[i] + y_distance < on_cell || !is_valid(nearest)) {
-      values[i] = nearest;
-    } else if (scratch.complete[static_cast<std::size_t>(left)] == 0) {
-      const four_rows there = {rows[0] + left, rows[1] + left, rows[2] + left, rows[3] + left};
-      values[i] = interpolate_patched(there, nearest, plan.fraction[i], fy);
-    }
+  if (!all_complete || !plan.all_inside || is_on_cell(0.0, std::fabs(y.offset))) {
+    take_one_by_one(rows, plan, y, complete, values);
   }
 }
 

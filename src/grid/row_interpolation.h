@@ -4,23 +4,20 @@
 #include <array>
 #include <cstdint>
 #include <span>
-#include <vector>
 
 #include "grid/column_plan.h"
 #include "grid/grid_axis.h"
+#include "platform/large_array.h"
 
 namespace velmorankite {
-
-// Points no further than this from a cell centre, |x| + |y| in cells, take the cell's own value.
-inline constexpr double on_cell = static_cast<double>(0.01F);
 
 // The four rows round a row of points, the lowest first: the cells of the plan's stretch.
 using four_rows = std::array<const float*, 4>;
 
 // What the interpolation of a row works in, kept to be used again.
 struct RowScratch {
-  std::vector<float> column_values;
-  std::vector<std::int32_t> complete;
+  platform::LargeArray<float> column_values;
+  platform::LargeArray<std::int32_t> complete;
 };
 
 // The cells nearest to the points of a row that lies practically on them.

@@ -33,6 +33,14 @@ class LargeArray {
   LargeArray(const LargeArray&) = delete;
   LargeArray& operator=(const LargeArray&) = delete;
 
+  // Makes room for at least `count` elements; what the array held is lost if it had less.
+  void make_room(std::size_t count) {
+    if (size_ < count) {
+      *this = LargeArray();
+      *this = LargeArray(count);
+    }
+  }
+
   [[nodiscard]] T* data() noexcept { return data_; }
   [[nodiscard]] const T* data() const noexcept { return data_; }
   [[nodiscard]] std::size_t size() const noexcept { return size_; }

@@ -2,7 +2,6 @@
 #include "support/plain_interpolation.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 #include "grid/dummy.h"
@@ -41,12 +40,10 @@ float result_of(float z, std::int32_t mode) {
   return is_hole(z) ? z : restore_value(mode, z);
 }
 
-using block_row = std::array<float, 4>;
-
 // f[0] to f[3] are the rows -1 to 2 round the base cell, each with its columns -1 to 2.
-void patch(std::array<block_row, 4>& f, float nearest) {
+void patch(float (&f)[4][4], float nearest) {
   const auto take = [&f](int r, int c, float value) {
-    float& cell = f[static_cast<std::size_t>(r + 1)][static_cast<std::size_t>(c + 1)];
+    float& cell = f[r + 1][c + 1];
     cell = is_hole(cell) ? value : cell;
     return cell;
   };
@@ -94,16 +91,15 @@ float plain_interpolation(const std::vector<float>& cells, const grid_descriptio
     fy += 1;
     row -= 1;
   }
-  std::array<block_row, 4> f;
+  float f[4][4];
   for (int r = -1; r <= 2; ++r) {
     for (int c = -1; c <= 2; ++c) {
-      f[static_cast<std::size_t>(r + 1)][static_cast<std::size_t>(c + 1)] =
-          read(column + c, row + r);
+      f[r + 1][c + 1] = read(column + c, row + r);
     }
   }
   patch(f, z);
-  std::array<float, 4> column_values;
-  for (std::size_t c = 0; c < 4; ++c) {
+  float column_values[4];
+  for (int c = 0; c < 4; ++c) {
     const float p = f[0][c], q = f[1][c], r = f[2][c], s = f[3][c];
     const float a = (q - r) * 1.5F - 0.5F * p + 0.5F * s;
     const float b = (p - 2.5F * q) + 2.0F * r - 0.5F * s;
