@@ -24,11 +24,11 @@ constexpr unsigned temporary_name_count = 0x10000;  // four hexadecimal digits
 
 }  // namespace
 
-void GRDFILEDEL(std::string_view path) noexcept {
+void GRDFILEDEL(std::string_view path) {
   platform::delete_file(without_padding(path));
 }
 
-bool GRDFILECOPY(std::string_view source, std::string_view target) noexcept {
+bool GRDFILECOPY(std::string_view source, std::string_view target) {
   return platform::copy_whole_file(without_padding(source), without_padding(target));
 }
 

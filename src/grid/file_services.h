@@ -12,11 +12,11 @@ namespace velmorankite {
 // Trailing blanks of all names and folders are dropped.
 
 // Deletes the file if it exists.
-void GRDFILEDEL(std::string_view path) noexcept;
+void GRDFILEDEL(std::string_view path);
 
 // Copies a file and replaces the target, which keeps its old contents if the copy fails. True for
 // success.
-[[nodiscard]] bool GRDFILECOPY(std::string_view source, std::string_view target) noexcept;
+[[nodiscard]] bool GRDFILECOPY(std::string_view source, std::string_view target);
 
 inline constexpr Status temporary_name_failed{-1};
 

@@ -36,6 +36,7 @@ class ScratchFile {
 
 // Scratch names: a stem, four digits, ".tmp". A stem has this many of them, from 0000 on.
 inline constexpr int scratch_name_count = 257;
+inline constexpr std::size_t scratch_ending_length = 8;  // digits and ".tmp"
 [[nodiscard]] std::filesystem::path scratch_name(const std::filesystem::path& stem, int number);
 
 // Creates an empty file under the first free scratch name of `stem`, in one step with the test, so

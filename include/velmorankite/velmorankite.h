@@ -1,0 +1,302 @@
+/* The C interface of Velmorankite: grid routines for callers in C, Fortran and whatever calls C.
+ * SPDX-License-Identifier: MIT
+ *
+ * Conventions, the same for every routine:
+ * - Every argument is a pointer. The library keeps none of them beyond the call.
+ * - A text is a buffer with its length, not a C string: unused characters are blanks, trailing
+ *   blanks do not count, and neither does what follows a NUL. The lengths stand by value behind
+ *   all other arguments, one for each text in their order. A name given as a C string has the
+ *   length strlen(name). Texts that come back are blank padded and never cut: one that does not
+ *   fit is a failure.
+ * - grid_ints has VELMORANKITE_DESCRIPTION_WORDS integers, grid_reals as many doubles: the grid
+ *   description. The indices of their words are named below.
+ * - Columns and rows count from 1, row 1 being the lowest Y; byte positions count from 1.
+ *   Coordinates are those of cell centres, in map units.
+ * - A cell without data is VELMORANKITE_DUMMY, or any value not above -1.0E30.
+ * - A status is 0 or a positive count for success and negative for a failure. Where a file
+ *   operation failed it is VELMORANKITE_FILE_FAILED, and the words are kept for
+ *   VELMORANKITE_LAST_ERROR. A routine without a status argument and without a value of its own
+ *   returns its status.
+ * - No call ends the process. What the library keeps between calls (open files, the words of the
+ *   last failure) it keeps for each thread.
+ */
+#ifndef VELMORANKITE_VELMORANKITE_H
+#define VELMORANKITE_VELMORANKITE_H
+
+#include <stddef.h>
+#include <stdint.h>
+
+#if defined(_WIN32)
+#define VELMORANKITE_API __declspec(dllexport)
+#elif defined(__GNUC__)
+#define VELMORANKITE_API __attribute__((visibility("default")))
+#else
+#define VELMORANKITE_API
+#endif
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/* ---- Numbers ------------------------------------------------------------------------------- */
+
+#define VELMORANKITE_DUMMY             (-1.0E32F)
+#define VELMORANKITE_DESCRIPTION_WORDS 24
+
+/* Failures that every routine can meet, beside those that stand with it. */
+enum {
+  VELMORANKITE_FILE_FAILED = -9001,   /* a file operation failed, or a file is not sound */
+  VELMORANKITE_OUT_OF_MEMORY = -9002, /* an array could not be allocated */
+  VELMORANKITE_TEXT_TOO_LONG = -9003, /* a text that comes back does not fit its buffer */
+  VELMORANKITE_FAILED = -9004         /* anything else */
+};
+
+/* Words of grid_ints, as C indices. */
+enum {
+  VELMORANKITE_FORMAT_CODE = 0,  /* catalogue code; 2 is the standard grid */
+  VELMORANKITE_BAND_COUNT = 1,   /* bands in the file */
+  VELMORANKITE_BAND_SELECT = 2,  /* band to convert; standard grid: the process flag */
+  VELMORANKITE_DATA_OFFSET = 3,  /* bytes, in a text file lines, ahead of the first cell */
+  VELMORANKITE_ELEMENT_CODE = 4, /* bytes a cell; negative: big-endian, standard grid: compressed */
+  VELMORANKITE_STORAGE_SENSE = 5, /* 1: rows from the lowest Y up; -2: rows from the highest down */
+  VELMORANKITE_ELEMENT_KIND = 6,  /* 0 unsigned, 1 signed, 2 floating point, 4 coded doubles */
+  VELMORANKITE_X_COUNT = 7,       /* cells along X */
+  VELMORANKITE_Y_COUNT = 8,       /* cells along Y */
+  VELMORANKITE_VALID_COUNT = 15,  /* after a conversion: cells with data */
+  VELMORANKITE_DUMMY_COUNT = 16   /* after a conversion: cells without data */
+};
+
+/* Words of grid_reals, as C indices. */
+enum {
+  VELMORANKITE_X_MIN = 0, /* centre of the first column */
+  VELMORANKITE_X_MAX = 1, /* centre of the last column */
+  VELMORANKITE_Y_MIN = 2, /* centre of the lowest row */
+  VELMORANKITE_Y_MAX = 3, /* centre of the highest row */
+  VELMORANKITE_X_CELL = 4,
+  VELMORANKITE_Y_CELL = 5,
+  VELMORANKITE_DUMMY_VALUE = 6, /* marks a cell without data in this file */
+  VELMORANKITE_Z_BASE = 7,      /* true value = stored value / z_mult + z_base */
+  VELMORANKITE_Z_MULT = 8,
+  VELMORANKITE_Z_MIN = 9, /* smallest and largest true value, where the file tells them */
+  VELMORANKITE_Z_MAX = 10,
+  VELMORANKITE_Z_MID = 11,   /* standard grid: median; after a conversion: mean */
+  VELMORANKITE_Z_SPREAD = 12 /* standard grid: mean; after a conversion: standard deviation */
+};
+
+/* ---- Failures ------------------------------------------------------------------------------ */
+
+/* Words of the last failure on this thread, for instance the file and the system's reason. They
+ * stay until the next failure. Returns their length, at most VELMORANKITE_WORDS; what does not fit
+ * the buffer is cut. */
+#define VELMORANKITE_WORDS 1024
+VELMORANKITE_API int32_t VELMORANKITE_LAST_ERROR(char* text, size_t text_length);
+
+/* ---- Files by unit number ------------------------------------------------------------------ */
+
+/* Opens a file for reading and writing at byte positions on unit 0, making it if it is missing;
+ * a file that was open on unit 0 is closed. Returns 0. */
+VELMORANKITE_API int32_t FCREAT(const char* name, size_t name_length);
+
+/* Opens an existing file, for reading alone if it cannot be written. Returns its unit, the first
+ * free one from 101 on, or -1 if the file does not exist. With units 101 to 999 in use it takes
+ * unit 1000, and closes the file that was open there. */
+VELMORANKITE_API int32_t FOPEN(const char* name, size_t name_length);
+
+/* Closes the file of a unit. Returns 0. */
+VELMORANKITE_API int32_t FCLOSE(const int32_t* unit);
+
+/* ---- Standard grid ------------------------------------------------------------------------- */
+
+/* Reads the header of the standard grid that is open on a unit. The status becomes -1 if the
+ * element size is not 1, 2 or 4, a count is below 1 or a spacing not above 0, and is not touched
+ * on success; all other arguments hold what was read in both cases. */
+VELMORANKITE_API void READ_GEOSOFT_HEADER(const int32_t* unit, int32_t* element_size,
+                                          int32_t* sign_flag, int32_t* elements_per_row,
+                                          int32_t* row_count, int32_t* storage_sense,
+                                          double* x_origin, double* y_origin,
+                                          double* element_spacing, double* row_spacing,
+                                          double* z_base, double* z_mult, int32_t* process_flag,
+                                          float* stat_min, float* stat_max, float* stat_median,
+                                          float* stat_mean, double* stat_variance, int32_t* status);
+
+/* The same with origin and spacings in single precision. */
+VELMORANKITE_API void READ_GEOSOFT_HEADERS(const int32_t* unit, int32_t* element_size,
+                                           int32_t* sign_flag, int32_t* elements_per_row,
+                                           int32_t* row_count, int32_t* storage_sense,
+                                           float* x_origin, float* y_origin, float* element_spacing,
+                                           float* row_spacing, double* z_base, double* z_mult,
+                                           int32_t* process_flag, float* stat_min, float* stat_max,
+                                           float* stat_median, float* stat_mean,
+                                           double* stat_variance, int32_t* status);
+
+/* Writes the header of the file that is open on a unit, new or with cells in it. Element sizes
+ * other than 1, 2 and 4 are written as 4, senses other than 1 as -2. Returns its status. */
+VELMORANKITE_API int32_t OUTPUT_GEOSOFT_HEADER(
+    const int32_t* unit, const int32_t* element_size, const int32_t* sign_flag,
+    const int32_t* elements_per_row, const int32_t* row_count, const int32_t* storage_sense,
+    const double* x_origin, const double* y_origin, const double* element_spacing,
+    const double* row_spacing, const double* z_base, const double* z_mult,
+    const int32_t* process_flag, const float* stat_min, const float* stat_max,
+    const float* stat_median, const float* stat_mean);
+
+/* The same with origin and spacings in single precision. */
+VELMORANKITE_API int32_t
+OUTPUT_GEOSOFT_HEADERS(const int32_t* unit, const int32_t* element_size, const int32_t* sign_flag,
+                       const int32_t* elements_per_row, const int32_t* row_count,
+                       const int32_t* storage_sense, const float* x_origin, const float* y_origin,
+                       const float* element_spacing, const float* row_spacing, const double* z_base,
+                       const double* z_mult, const int32_t* process_flag, const float* stat_min,
+                       const float* stat_max, const float* stat_median, const float* stat_mean);
+
+/* Returns the byte position of a cell, which must lie on the lattice. Senses other than 1 are
+ * taken as -2. */
+VELMORANKITE_API int64_t GRDCELLPOS(const int32_t* storage_sense, const int32_t* header_size,
+                                    const int32_t* element_size, const int32_t* elements_per_row,
+                                    const int32_t* row_count, const int32_t* row,
+                                    const int32_t* column);
+
+/* Values of a standard grid of 4-byte floats at points.
+ *   source_flag  0: the grid is the file `path`; not 0: it lies in `cells`.
+ *   cells        x_count x y_count cells, the first stored row first; NULL if source_flag is 0.
+ *   mode         2: by logarithms, 3: log-linear, any other: the values as they are.
+ *   point_count  of x, y and values. A negative count means its absolute value, and sets mode
+ *                to 2.
+ *   values       out: one a point, the dummy for a point outside the grid or on an empty cell.
+ *   status       -1 for a blank path or no points; not touched on success. */
+VELMORANKITE_API void GEO_CELL_INTERPOLATION(const int32_t* source_flag, const char* path,
+                                             const int32_t* grid_ints, const double* grid_reals,
+                                             const float* cells, int32_t* mode,
+                                             const int32_t* point_count, const double* x,
+                                             const double* y, float* values, int32_t* status,
+                                             size_t path_length);
+
+/* Makes a standard grid on the lattice of another, with its header statistics.
+ *   target  "outfile.grd" if fewer than 2 characters are left of it.
+ *   mode    0: the cells of the source; 1: zeros; any other: dummies.
+ *   status  0, or what GRDRDH gives for the source. */
+VELMORANKITE_API void GEOCLONE(const char* source, const char* target, const int32_t* mode,
+                               int32_t* status, size_t source_length, size_t target_length);
+
+/* Completes a stem to the first name that no file has: stem, four digits, ".tmp".
+ *   name    in: the stem, blank for "~scratch", at least 8 characters shorter than the buffer;
+ *           out: the name.
+ *   length  out: characters of the name; on failure those of the stem.
+ *   status  0; -1: the 257 names are taken, and `name` holds the last one tried, or the buffer is
+ *           too short, and `name` is as it was. */
+VELMORANKITE_API void GRDTMPNAME(char* name, int32_t* length, int32_t* status, size_t name_length);
+
+/* Deletes a file if it exists. */
+VELMORANKITE_API void GRDFILEDEL(const char* path, size_t path_length);
+
+/* Copies a file and replaces the target. Returns 1 for success, else 0. */
+VELMORANKITE_API int32_t GRDFILECOPY(const char* source, const char* target, size_t source_length,
+                                     size_t target_length);
+
+/* Makes an empty file of a new name that begins with `prefix`. Returns 0, or -1 on failure. */
+VELMORANKITE_API int32_t GRDOSTEMP(const char* directory, const char* prefix, char* result,
+                                   size_t directory_length, size_t prefix_length,
+                                   size_t result_length);
+
+/* Runs a command in the system's shell and waits; it is cut at 255 characters. Returns 0 if it
+ * ended with status 0, else -1. */
+VELMORANKITE_API int32_t FSYSTEM(const char* command, size_t command_length);
+
+/* Looks for a file in the folders of the environment variable "PATH". Returns the length of its
+ * full path in `result`, 0 if there is none or it does not fit. */
+VELMORANKITE_API int32_t FINDFILEINPATH(const char* name, char* result, size_t name_length,
+                                        size_t result_length);
+
+/* The version of this interface: 32, 5, 5. */
+VELMORANKITE_API void ZRV_DLL_VERSION(int32_t* a, int32_t* b, int32_t* c);
+
+/* Transforms one value in place: mode 2 by logarithms, 3 log-linear; direction 0 or above forth,
+ * below 0 back. Other modes and cells without data stay as they are. */
+VELMORANKITE_API void GRDZTRANS(const int32_t* mode, float* value, const int32_t* direction);
+
+/* ---- Grid file formats --------------------------------------------------------------------- */
+
+/* Describes a grid file.
+ *   band_names  out: names of the bands, entries of band_name_length characters, for as many
+ *               bands as the format names, at most VELMORANKITE_BAND_NAMES; the first entry is
+ *               always written. NULL: not wanted.
+ *   status      0; -1 name too short, -1001 no such file, -1002 empty file, -1005 format not
+ *               recognised, -1006 first bytes unreadable, -2001 header file missing, or that of
+ *               the format's reader. */
+#define VELMORANKITE_BAND_NAMES 256
+VELMORANKITE_API void GRDRDH(const char* file_name, int32_t* grid_ints, double* grid_reals,
+                             char* band_names, int32_t* status, size_t file_name_length,
+                             size_t band_name_length);
+
+/* The same with 22 reals in single precision. */
+VELMORANKITE_API void GRDRDHS(const char* file_name, int32_t* grid_ints, float* grid_reals,
+                              char* band_names, int32_t* status, size_t file_name_length,
+                              size_t band_name_length);
+
+/* ---- Grid conditioning --------------------------------------------------------------------- */
+
+/* Writes a standard grid of 4-byte floats in which the cells without data of another have values.
+ *   output        blank: the input is filled in place.
+ *   road          not 0: every blank cell, from a pyramid of coarser copies; 0: enclosed holes
+ *                 alone, by sweeps.
+ *   limit, spare  not used.
+ *   minimum, maximum  out: 0.
+ *   filled_count  out: cells that got a value, with the nodes of the coarser copies.
+ *   status        0; -999 the input cannot be opened; -1 no valid cell, or fewer than 4 columns or
+ *                 rows; or what GRDRDH gives. */
+VELMORANKITE_API void GRID_FILL(const char* input, const char* output, const int32_t* road,
+                                const int32_t* limit, float* minimum, float* maximum,
+                                const float* spare, int32_t* filled_count, int32_t* status,
+                                size_t input_length, size_t output_length);
+
+/* The fill from a pyramid on a working lattice that may be larger than the input.
+ *   grid_ints, grid_reals  of the input, from GRDRDH.
+ *   x_count, y_count       of the working lattice.
+ *   column_offset, row_offset  columns and rows of it ahead of the first input cell.
+ *   memory_flag   bit 0: the input cells are taken from `cells`, and the filled rows put there.
+ *   cells         x_count x y_count cells, the lowest row first; NULL if the bit is not set.
+ *   minimum, maximum  for the header of the output.
+ *   filled_count  out: nodes that got a value, over all levels.
+ *   status        0; -1 fewer than 4 columns or rows, or no valid cell. */
+VELMORANKITE_API void GRDMIPMAP(const char* input, const int32_t* grid_ints,
+                                const double* grid_reals, const int32_t* x_count,
+                                const int32_t* y_count, const int32_t* column_offset,
+                                const int32_t* row_offset, const int32_t* memory_flag, float* cells,
+                                const char* output, const float* minimum, const float* maximum,
+                                int32_t* filled_count, int32_t* status, size_t input_length,
+                                size_t output_length);
+
+/* ---- Merge --------------------------------------------------------------------------------- */
+
+/* Reads the stitch line of a DXF file.
+ *   mode              0: counts only, x and y may be NULL; above 0: stores too.
+ *   minimum_distance  a vertex nearer than this to the one before it in the file is dropped.
+ *   vertex_count      out.
+ *   x, y              out: at least as many as a call with mode 0 counts.
+ *   status            0; -1 for fewer than 2 vertices or a read that fails. */
+VELMORANKITE_API void RDSTITCHDXF(const int32_t* mode, const char* path,
+                                  const double* minimum_distance, int32_t* vertex_count, double* x,
+                                  double* y, int32_t* status, size_t path_length);
+
+/* Joins two standard grids along a line and writes the merged grid and `<stem>_mismatch.dat`, the
+ * stem being that of `report_name`.
+ *   correction_distance  above 0: the drifting part of the mismatch is removed too.
+ *   adjusted_grid        0: grid 1 moves onto grid 2; 1: grid 2 onto grid 1.
+ *   blend_width, band_margin  map units.
+ *   vertex_count, x, y   the line, grid 1 on its right; with room for one vertex more, which is
+ *                        appended if the line closes on itself.
+ *   out_x_min to out_y_count  the output's lattice; the two maxima only clip the working window.
+ *   status               0; -1 if the grids cannot be joined along this line. */
+VELMORANKITE_API void GRIDSTITCH(
+    const char* report_name, const char* grid_1, const int32_t* grid_1_ints,
+    const double* grid_1_reals, const char* grid_2, const int32_t* grid_2_ints,
+    const double* grid_2_reals, const float* correction_distance, const int32_t* adjusted_grid,
+    const float* blend_width, const float* band_margin, int32_t* vertex_count, double* x, double* y,
+    const char* output, const double* out_x_min, const double* out_x_max, const double* out_x_cell,
+    const int32_t* out_x_count, const double* out_y_min, const double* out_y_max,
+    const double* out_y_cell, const int32_t* out_y_count, int32_t* status,
+    size_t report_name_length, size_t grid_1_length, size_t grid_2_length, size_t output_length);
+
+#ifdef __cplusplus
+}
+#endif
+#endif

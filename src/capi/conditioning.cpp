@@ -1,0 +1,63 @@
+// The C interface of grid conditioning.
+// SPDX-License-Identifier: MIT
+#include <velmorankite/velmorankite.h>
+
+#include <algorithm>
+#include <limits>
+#include <span>
+
+#include "capi/descriptions.h"
+#include "capi/failures.h"
+#include "capi/texts.h"
+#include "condition/hole_filling.h"
+#include "condition/multi_level_fill.h"
+
+using namespace velmorankite::capi;
+
+namespace {
+
+// Counts of cells are 64-bit in the library; a caller's integer holds as much as it can.
+std::int32_t count_out(std::int64_t count) {
+  return static_cast<std::int32_t>(
+      std::min<std::int64_t>(count, std::numeric_limits<std::int32_t>::max()));
+}
+
+}  // namespace
+
+void GRID_FILL(const char* input, const char* output, const std::int32_t* road,
+               const std::int32_t* limit, float* minimum, float* maximum, const float*,
+               std::int32_t* filled_count, std::int32_t* status, std::size_t input_length,
+               std::size_t output_length) {
+  std::int64_t count = 0;
+  *status = guarded("GRID_FILL", [&] {
+    return velmorankite::GRID_FILL(text_in(input, input_length), text_in(output, output_length),
+                                   *road, *limit, *minimum, *maximum, count);
+  });
+  *filled_count = count_out(count);
+}
+
+void GRDMIPMAP(const char* input, const std::int32_t* grid_ints, const double* grid_reals,
+               const std::int32_t* x_count, const std::int32_t* y_count,
+               const std::int32_t* column_offset, const std::int32_t* row_offset,
+               const std::int32_t* memory_flag, float* cells, const char* output,
+               const float* minimum, const float* maximum, std::int32_t* filled_count,
+               std::int32_t* status, std::size_t input_length, std::size_t output_length) {
+  std::int64_t count = 0;
+  *status = guarded("GRDMIPMAP", [&] {
+    velmorankite::fill_request request;
+    request.input_name = text_in(input, input_length);
+    request.input = description_in(grid_ints, grid_reals);
+    request.x_count = *x_count;
+    request.y_count = *y_count;
+    request.column_offset = *column_offset;
+    request.row_offset = *row_offset;
+    if ((*memory_flag & 1) != 0) {
+      request.cells = cells_of(cells, *x_count, *y_count);
+    }
+    request.output_name = text_in(output, output_length);
+    request.minimum = *minimum;
+    request.maximum = *maximum;
+    return velmorankite::GRDMIPMAP(request, count);
+  });
+  *filled_count = count_out(count);
+}

@@ -1,0 +1,37 @@
+// Grid descriptions as the arrays of the C interface.
+// SPDX-License-Identifier: MIT
+#pragma once
+#include <cstdint>
+#include <cstring>
+#include <span>
+
+#include "formats/grid_description.h"
+
+namespace velmorankite::capi {
+
+// The records hold their words in the order of the arrays.
+[[nodiscard]] inline grid_description description_in(const std::int32_t* ints,
+                                                     const double* reals) noexcept {
+  grid_description grid;
+  std::memcpy(static_cast<void*>(&grid.ints), ints, sizeof grid.ints);
+  std::memcpy(static_cast<void*>(&grid.reals), reals, sizeof grid.reals);
+  return grid;
+}
+
+inline void description_out(const grid_description& grid, std::int32_t* ints,
+                            double* reals) noexcept {
+  std::memcpy(ints, &grid.ints, sizeof grid.ints);
+  std::memcpy(reals, &grid.reals, sizeof grid.reals);
+}
+
+// The cells of a lattice in the caller's memory; none where a count is below 1.
+template <typename Cell>
+[[nodiscard]] std::span<Cell> cells_of(Cell* cells, std::int32_t x_count,
+                                       std::int32_t y_count) noexcept {
+  if (x_count < 1 || y_count < 1) {
+    return {};
+  }
+  return {cells, static_cast<std::size_t>(x_count) * static_cast<std::size_t>(y_count)};
+}
+
+}  // namespace velmorankite::capi

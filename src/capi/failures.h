@@ -1,0 +1,40 @@
+// Where exceptions and statuses of the library become the numbers of the C interface.
+// SPDX-License-Identifier: MIT
+#pragma once
+#include <cstdint>
+#include <string_view>
+
+#include "grid/status.h"
+
+namespace velmorankite::capi {
+
+// Keeps the words of a failure for this thread.
+void remember_failure(std::string_view routine, std::string_view words) noexcept;
+
+// Words of the last failure on this thread.
+[[nodiscard]] std::string_view last_failure() noexcept;
+
+// Remembers the words of the exception that is being handled and gives its number.
+std::int32_t failure_in_flight(std::string_view routine) noexcept;
+
+// Remembers the words of a status, if it is a failure, and gives its number.
+std::int32_t number_of(std::string_view routine, Status status) noexcept;
+
+// Runs the body of a routine, which gives a Status; no exception leaves it.
+template <typename Body>
+std::int32_t guarded(std::string_view routine, Body&& body) noexcept {
+  try {
+    return number_of(routine, body());
+  } catch (...) {
+    return failure_in_flight(routine);
+  }
+}
+
+// For a status that a routine does not touch on success.
+inline void touch_on_failure(std::int32_t* status, std::int32_t number) noexcept {
+  if (number < 0) {
+    *status = number;
+  }
+}
+
+}  // namespace velmorankite::capi
