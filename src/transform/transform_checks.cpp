@@ -81,9 +81,6 @@ Status check_availability(const transform_request& request, TransformLog& log) {
   if (request.fft_mode < 0 && request.filter != filter_hole_fill) {
     return refuse("the FFT on disk");
   }
-  if (request.fft_mode == fft_mode_convolution && request.filter != filter_hole_fill) {
-    return refuse("the convolution road");
-  }
   if (request.fft_mode > fft_mode_memory) {
     log.line(log_line("The FFT mode is not supported: ", request.fft_mode));
     return transform_road_unknown;

@@ -12,6 +12,7 @@
 #include "platform/file_tests.h"
 #include "platform/io_error.h"
 #include "platform/padded_text.h"
+#include "transform/convolution_road.h"
 #include "transform/derived_maps.h"
 #include "transform/log_line.h"
 #include "transform/memory_road.h"
@@ -138,6 +139,19 @@ Status filter_in_memory(transform_run& run, const platform::BinaryFile& input,
   return success;
 }
 
+Status filter_by_convolution(transform_run& run, const platform::BinaryFile& input,
+                             platform::BinaryFile& padded, const RowLayout& padded_layout) {
+  const Status status =
+      run_convolution_road(run.request, padded, padded_layout, run.parameters, run.log);
+  if (status.failed()) {
+    return status;
+  }
+  put_out(run, plan_output(run, input), [&](std::int32_t row, std::span<float> cells) {
+    read_row(padded, padded_layout, row, cells);
+  });
+  return success;
+}
+
 // Saved grids go with a run that neither uses nor keeps them.
 void remove_saved(const transform_run& run) {
   if (run.request.reuse == 0) {
@@ -158,7 +172,9 @@ Status filter_padded(transform_run& run) {
   const platform::BinaryFile input(run.input.path, platform::open_mode::read);
   platform::BinaryFile padded(scratch.path(), platform::open_mode::read_write);
   const RowLayout layout{run.input.grid.ints.storage_sense, run.geometry.nxp, run.geometry.nyp};
-  return filter_in_memory(run, input, padded, layout);
+  return run.request.fft_mode == fft_mode_convolution
+             ? filter_by_convolution(run, input, padded, layout)
+             : filter_in_memory(run, input, padded, layout);
 }
 
 Status filter_grid(transform_run& run) {

@@ -148,6 +148,55 @@ TEST_F(Transform, maps_of_three_grids_leave_one_grid_and_vrmi_its_components_too
   }
 }
 
+TEST_F(Transform, both_roads_mean_the_same_by_a_filter) {
+  const auto field = [](int c, int r) {
+    return attraction(c, r, 14.0) + 0.1F * attraction(r, c, 9.0);
+  };
+  // A short operator cuts off the far part of a response, so the roads are held against each other
+  // by the slope of one on the other: 1 for the same sign and size. The operator of a horizontal
+  // derivative rings at long waves, by the jump of its response at the Nyquist frequency.
+  struct example {
+    std::int32_t filter;
+    float first, second;
+    double tolerance;
+  };
+  const example examples[] = {{101, 4.0F, 0.0F, 0.1},
+                              {102, 1.0F, 0.0F, 0.2},
+                              {106, 1.0F, 0.0F, 0.2},
+                              {204, 1.0F, 90.0F, 0.6},
+                              {204, 1.0F, 0.0F, 0.6}};
+  for (const std::int32_t sense : {1, -2}) {
+    write_grid(folder / "in.grd", lattice, field, sense);
+    for (const example& e : examples) {
+      transform_request r = request(e.filter, e.first);
+      r.real_par[1] = e.second;
+      r.filter_width = 12;
+      ASSERT_EQ(run(r), success);
+      const std::vector<float> by_fft = read_grid(folder / "out.grd");
+      r.fft_mode = fft_mode_convolution;
+      ASSERT_EQ(run(r), success) << log();
+      const std::vector<float> by_operator = read_grid(folder / "out.grd");
+      double product = 0.0;
+      double square = 0.0;
+      for (std::size_t row = 10; row < 37; ++row) {
+        for (std::size_t i = row * 61 + 10; i < row * 61 + 50; ++i) {
+          product += static_cast<double>(by_fft[i]) * static_cast<double>(by_operator[i]);
+          square += static_cast<double>(by_fft[i]) * static_cast<double>(by_fft[i]);
+        }
+      }
+      EXPECT_NEAR(product / square, 1.0, e.tolerance)
+          << e.filter << " " << e.second << " " << sense;
+    }
+  }
+  transform_request r = request(116);
+  r.fft_mode = fft_mode_convolution;
+  EXPECT_EQ(run(r), transform_design_failed);
+  r = request(101, 1.0F);
+  r.fft_mode = fft_mode_convolution;
+  r.filter_width = 0x7FFFFFFF;
+  EXPECT_EQ(run(r), transform_design_failed);
+}
+
 TEST_F(Transform, the_hole_filter_gives_the_number_of_filled_cells) {
   write_grid(folder / "in.grd", lattice,
              [](int c, int r) { return c > 20 && c < 26 && r == 9 ? dummy : 5.0F; });

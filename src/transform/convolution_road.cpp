@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+#include "transform/convolution_road.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "transform/convolution.h"
+#include "transform/convolution_design.h"
+#include "transform/log_line.h"
+#include "transform/transform_driver.h"
+
+namespace velmorankite {
+namespace {
+
+constexpr std::int32_t first_asymmetric_filter = 200;
+constexpr std::int32_t total_gradient = 106;
+constexpr std::int32_t vertical_integral = 111;
+
+Status pass(std::int32_t filter_width, const convolution_grids& grids,
+            filter_parameters& parameters, TransformLog& log) {
+  const bool symmetric = parameters.FilterNo < first_asymmetric_filter;
+  const std::int32_t points = full_points(filter_width);
+  const auto side = static_cast<std::size_t>(symmetric ? filter_width : points);
+  std::vector<float> weights(side * side);
+  const Status designed =
+      WTDESIGN(parameters, points, weights, [&log](std::string_view line) { log.line(line); });
+  if (designed.failed()) {
+    log.line(log_line("Convolution coefficient calculation failed: ", designed.code));
+    return transform_design_failed;
+  }
+  if (symmetric) {
+    WTCONVS(weights, filter_width, parameters, grids);
+  } else {
+    WTCONVA(weights, points, grids);
+  }
+  return success;
+}
+
+}  // namespace
+
+Status run_convolution_road(const transform_request& request, platform::BinaryFile& padded,
+                            const RowLayout& layout, filter_parameters& parameters,
+                            TransformLog& log) {
+  // Half the operator must fit beside a cell; this also keeps a wild width from taking memory.
+  if (request.filter_width < 1 ||
+      request.filter_width > std::min(layout.x_count, layout.y_count) / 2) {
+    log.line(log_line("Convolution coefficient calculation failed: ", operator_size_invalid.code));
+    return transform_design_failed;
+  }
+  const convolution_grids grids{padded, layout, padded, layout};
+  if (const Status status = pass(request.filter_width, grids, parameters, log); status.failed()) {
+    return status;
+  }
+  const bool gradient = request.filter == total_gradient;
+  if (parameters.Opt2 != 1 || (!gradient && request.filter != vertical_integral)) {
+    return success;
+  }
+  parameters.FilterNo = gradient ? vertical_integral : total_gradient;
+  parameters.Par1 = gradient ? 1.0F : parameters.Par1;
+  return pass(request.filter_width, grids, parameters, log);
+}
+
+}  // namespace velmorankite
