@@ -10,8 +10,9 @@
 namespace velmorankite {
 namespace {
 
+// A stored zero that went through DECODE_VULCAN_BINARY is a denormal number, and no cell size.
 bool is_cell_size(double value) {
-  return std::isfinite(value) && value > 0.0;
+  return std::isnormal(value) && value > 0.0;
 }
 
 bool file_holds_cells(const grid_ints& ints, const stored_lines& lines, std::int64_t file_size) {

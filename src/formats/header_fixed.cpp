@@ -5,11 +5,11 @@
 #include <bit>
 #include <cmath>
 #include <cstddef>
-#include <limits>
 #include <span>
 
 #include "formats/catalogue.h"
 #include "formats/describe_grid.h"
+#include "formats/header_numbers.h"
 #include "formats/header_readers.h"
 #include "formats/header_status.h"
 #include "formats/text_helpers.h"
@@ -71,13 +71,6 @@ struct fixed_header {
   completion complete;
   std::span<const field_row> fields;
 };
-
-// 0, which no count may be, for what is no integer of 32 bits.
-std::int32_t integer_part(double value) {
-  constexpr double lowest = std::numeric_limits<std::int32_t>::min();
-  constexpr double highest = std::numeric_limits<std::int32_t>::max();
-  return value >= lowest && value <= highest ? static_cast<std::int32_t>(value) : 0;
-}
 
 void highest_from_counts(const grid_file&, std::span<const std::byte>, grid_description& grid) {
   R& reals = grid.reals;

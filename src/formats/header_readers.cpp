@@ -42,6 +42,7 @@ constexpr format_reader format_readers[] = {
     {format_float_cells, header_access::text_beside, read_arcinfo_header},
     {format_geodass, header_access::binary, read_fixed_header},
     {format_vulcan, header_access::binary, read_fixed_header},
+    {format_netcdf, header_access::binary, read_netcdf_header},
     {format_gmt, header_access::binary, read_fixed_header},
     {format_newmont, header_access::binary, read_fixed_header},
     {format_zmap, header_access::text, read_zmap_header},

@@ -58,6 +58,9 @@ Status read_geodesy_tile_name(header_source& source, grid_description& grid, gri
 // Tiles of one degree with a DTED header.
 Status read_dted_header(header_source& source, grid_description& grid, grid_texts& texts);
 
+// NetCDF classic, of the older conventions and of those of today.
+Status read_netcdf_header(header_source& source, grid_description& grid, grid_texts& texts);
+
 // Surfer 7: no "DATA" section behind the lattice, or a count below 1.
 inline constexpr Status sections_unsound{-2019};
 // A tile's name holds neither "E" nor "W".

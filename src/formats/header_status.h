@@ -14,5 +14,6 @@ inline constexpr Status cells_missing{-2906};      // the file is too short for 
 inline constexpr Status table_too_long{-2907};     // more entries than the reader or the file holds
 inline constexpr Status pointer_outside{-2908};    // a table points outside the file
 inline constexpr Status layout_unsupported{-2909};  // cells of a type that cannot be converted
+inline constexpr Status lattice_irregular{-2910};   // coordinates that are not evenly spaced
 
 }  // namespace velmorankite

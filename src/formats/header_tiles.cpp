@@ -4,32 +4,21 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <optional>
 #include <string>
 #include <string_view>
 
 #include "formats/catalogue.h"
+#include "formats/header_numbers.h"
 #include "formats/header_readers.h"
 #include "formats/header_status.h"
 #include "formats/text_helpers.h"
 #include "grid/standard_header.h"
-#include "platform/list_directed.h"
 
 namespace velmorankite {
 namespace {
 
 constexpr std::int32_t count_3_arcs = 1201;
 constexpr std::int32_t count_1_arc = 3601;
-
-template <typename T>
-std::optional<T> number_in(std::string_view text) {
-  T value{};
-  const platform::list_item item = &value;
-  if (platform::read_list(text, {&item, 1}) != platform::list_result::complete) {
-    return std::nullopt;
-  }
-  return value;
-}
 
 // Hemisphere and degrees of latitude, then the letter of the longitude and its degrees:
 // S33W071. `name` is the file's own name as far as the first dot.

@@ -35,6 +35,7 @@ constexpr status_row rows[] = {
     {"GRDRDH", -2907, "a table of the header has more entries than the file or the reader holds"},
     {"GRDRDH", -2908, "a table of the header points outside the file"},
     {"GRDRDH", -2909, "the cells are of a type that cannot be converted"},
+    {"GRDRDH", -2910, "the coordinates of the cells are not evenly spaced"},
     {"GRDTMPNAME", -1, "all 257 scratch names of the stem are taken, or its buffer has no room"},
     {"GRIDSTITCH", -1, "the grids cannot be joined along this line"},
     {"GRID_FILL", -1, "the grid has no valid cell, or fewer than 4 columns or rows"},

@@ -120,6 +120,73 @@ TEST_F(BinaryHeaders, tell_the_layout_the_lattice_and_the_dummy) {
   }
 }
 
+TEST_F(BinaryHeaders, lead_to_every_cell) {
+  const testing::sample_grid sample = small_sample();
+  for (const foreign_format& format : foreign_formats()) {
+    const std::string bytes = format.bytes(sample);
+    ASSERT_EQ(describe(format.file_name, bytes), success);
+    for (std::int32_t row = 1; row <= 4; ++row) {
+      for (std::int32_t column = 1; column <= 6; ++column) {
+        EXPECT_EQ(testing::plain_cell(bytes, grid, column, row), sample.at(column, row))
+            << format.file_name << " " << column << " " << row;
+      }
+    }
+  }
+}
+
+TEST_F(BinaryHeaders, describe_what_other_programs_write) {
+  struct example {
+    const char* name;
+    std::int32_t format;
+    double dummy_value, z_min, z_max;
+  };
+  const double surfer = 1.701410009187828E+38;
+  const double standard = static_cast<double>(-1.0E32F);
+  const example examples[] = {
+      {"surfer/surfer6.grd", 13, surfer, 14.0, 229.0},
+      {"surfer/surfer6_gmt.grd", 13, surfer, 14.0, 229.0},
+      {"surfer/surfer7.grd", 14, 1.70141E+38, 14.0, 229.0},
+      {"gmt/native.grd", 22, standard, standard, standard},
+      {"gmt/native_pixel.grd", 22, standard, standard, standard},
+  };
+  for (const example& e : examples) {
+    ASSERT_EQ(GRDRDH(testing::test_data(e.name).string(), grid, texts), success) << e.name;
+    EXPECT_EQ(grid.ints.format_code, e.format) << e.name;
+    EXPECT_FLOAT_EQ(static_cast<float>(grid.reals.dummy_value), static_cast<float>(e.dummy_value));
+    EXPECT_EQ(grid.reals.z_min, e.z_min) << e.name;
+    EXPECT_EQ(grid.reals.z_max, e.z_max) << e.name;
+    testing::expect_data_field(e.name, grid);
+  }
+}
+
+TEST_F(BinaryHeaders, refuse_what_other_programs_wrote_when_it_is_cut) {
+  for (const char* name : {"surfer/surfer6.grd", "surfer/surfer7.grd", "gmt/native.grd"}) {
+    const std::string bytes = testing::read_file(testing::test_data(name));
+    ASSERT_EQ(describe("a.grd", bytes), success) << name;
+    for (std::size_t length = bytes.size() - 1; length > 0; --length) {
+      std::filesystem::resize_file(folder / "a.grd", length);
+      EXPECT_TRUE(describe("a.grd").failed()) << name << " " << length;
+    }
+  }
+}
+
+TEST_F(BinaryHeaders, surfer_7_needs_its_sections_in_a_row) {
+  const std::string bytes = testing::read_file(testing::test_data("surfer/surfer7.grd"));
+  std::string section = bytes;
+  section.insert(92, std::string("FLTI\4\0\0\0\0\0\0\0", 12));
+  EXPECT_EQ(describe("a.grd", section), sections_unsound);
+  EXPECT_EQ(describe("a.grd", with(bytes, 92, 'd')), sections_unsound);
+  EXPECT_EQ(describe("a.grd", with(bytes, 20, 0)), sections_unsound);
+  EXPECT_EQ(describe("a.grd", with(bytes, 24, -13)), sections_unsound);
+  EXPECT_EQ(describe("a.grd", with(bytes, 44, 0.0)), cell_size_unsound);
+  // A chain that never comes to its data.
+  std::string chain;
+  while (chain.size() < 8192) {
+    chain += bytes.substr(0, 12);
+  }
+  EXPECT_EQ(describe("a.grd", chain), sections_unsound);
+}
+
 TEST_F(BinaryHeaders, refuse_a_file_that_ends_anywhere_before_its_last_cell) {
   for (const foreign_format& format : foreign_formats()) {
     std::string bytes = format.bytes(small_sample());

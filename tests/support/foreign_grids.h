@@ -4,8 +4,10 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include "formats/grid_description.h"
 #include "grid/lattice.h"
 
 namespace velmorankite::testing {
@@ -34,5 +36,14 @@ struct foreign_format {
 // The binary formats with a header that no other program at hand writes. Geosolutions has square
 // cells of 2 units, DTED a tile of one degree, Geopak a base of 100 and a multiplier of 4.
 std::span<const foreign_format> foreign_formats();
+
+// The value of one cell of a binary file, read in the plainest way from where its description
+// says that it lies; the dummy for a cell without data.
+float plain_cell(std::string_view file, const grid_description& grid, std::int32_t column,
+                 std::int32_t row);
+
+// Expects the lattice and the cells of the field that tests/data/README.md tells of under
+// "surfer, gmt, netcdf".
+void expect_data_field(std::string_view name, const grid_description& grid);
 
 }  // namespace velmorankite::testing
