@@ -35,11 +35,11 @@ def read_grid(path):
     return (x_first, x_cell, y_first, y_cell), cells if sense == 1 else cells[::-1]
 
 
-def nearest(grid, x, y):
-    """Values of the nearest cells; NaN outside."""
+def values_at(grid, x, y, order):
+    """Values of the nearest cells (order 0) or between the cells (order 1); NaN outside."""
     (x_first, x_cell, y_first, y_cell), cells = grid
     places = [(y - y_first) / y_cell, (x - x_first) / x_cell]
-    return map_coordinates(cells, places, order=0, cval=numpy.nan)
+    return map_coordinates(cells, places, order=order, cval=numpy.nan)
 
 
 def draw_relief(axes, cells, extent, title, line):
@@ -53,7 +53,7 @@ def draw_relief(axes, cells, extent, title, line):
 
 
 def read_report(path):
-    """Columns of the report; its blanks-only columns are 6, 10, 10, 12, 12 and 12 wide."""
+    """Columns of the report, which are 6, 10, 10, 12, 12 and 12 characters wide."""
     lines = path.read_text().splitlines()[1:]
     ends = numpy.cumsum([0, 6, 10, 10, 12, 12, 12])
     return numpy.array([[float(line[a:b]) for a, b in zip(ends, ends[1:])] for line in lines]).T
@@ -72,10 +72,12 @@ def main():
     x = lattice[0] + lattice[1] * numpy.arange(merged.shape[1])
     y = lattice[2] + lattice[3] * numpy.arange(merged.shape[0])
     extent = (x[0], x[-1], y[0], y[-1])
-    over = nearest(italy, *numpy.meshgrid(x, y))
-    under = nearest(balkans, *numpy.meshgrid(x, y))
+    over = values_at(italy, *numpy.meshgrid(x, y), order=0)
+    under = values_at(balkans, *numpy.meshgrid(x, y), order=0)
     _, line_x, line_y, _, _, residual = read_report(folder / "merged_mismatch.dat")
     offset = offset_of(folder / "summary.txt")
+    surface = read_grid(folder / "merged_stitch_grid_smooth.grd")
+    corrected = residual - values_at(surface, line_x, line_y, order=1)
 
     figure = plt.figure(figsize=(11, 6.2), dpi=90, layout="constrained")
     maps, below = figure.subfigures(2, 1, height_ratios=[2.6, 1])
@@ -87,10 +89,11 @@ def main():
     along = numpy.concatenate([[0], numpy.cumsum(numpy.hypot(numpy.diff(line_x), numpy.diff(line_y)))])
     axes.axhline(0, color="grey", linewidth=0.6)
     axes.plot(along, residual + offset, color="#b03030", label="before")
-    axes.plot(along, residual, color="#235596", label="with the offset taken away")
+    axes.plot(along, residual, color="#5aa0cd", label="offset taken away")
+    axes.plot(along, corrected, color="#14285a", label="drift taken away too")
     axes.set(xlabel="distance along the line (minutes of arc)", ylabel="grid 1 - grid 2 (m)",
              xlim=(0, along[-1]))
-    axes.legend(loc="center left", ncols=2, frameon=False)
+    axes.legend(loc="center left", ncols=3, frameon=False)
     # A palette makes the file a third as large.
     figure.canvas.draw()
     picture = Image.fromarray(numpy.asarray(figure.canvas.buffer_rgba())[..., :3])
