@@ -6,12 +6,15 @@
 #include <limits>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "merge/seam_correction.h"
 #include "merge/seam_mismatch.h"
 #include "platform/file_tests.h"
 #include "platform/io_error.h"
 #include "platform/list_directed.h"
 #include "platform/text_file.h"
+#include "transform/run_names.h"
 
 namespace velmorankite {
 namespace {
@@ -116,8 +119,17 @@ void keep_files_apart(const DefinitionsReader& reader, const std::filesystem::pa
                                {2, "grid 1", d.grid_1_file},
                                {3, "grid 2", d.grid_2_file},
                                {4, "the stitch line", d.stitch_line_file}};
-  const named_file output = {5, "the output grid", d.stitch.output_path};
-  const named_file report = {6, "the mismatch report", mismatch_report_path(d.stitch.report_name)};
+  std::vector<named_file> results = {
+      {5, "the output grid", d.stitch.output_path},
+      {6, "the mismatch report", mismatch_report_path(d.stitch.report_name)}};
+  if (d.stitch.correction_distance > 0.0F) {
+    const std::filesystem::path correction = correction_grid_path(d.stitch.report_name);
+    transform_request continuation;
+    continuation.out_grid = correction.string();
+    const run_names names = name_run(continuation);
+    results.push_back({6, "the correction grid", correction});
+    results.push_back({6, "the log of the correction", names.log});
+  }
   const auto keep_apart = [&reader](const named_file& result, const named_file& other) {
     if (same_place(result.path, other.path)) {
       std::string reason(result.meaning);
@@ -126,11 +138,14 @@ void keep_files_apart(const DefinitionsReader& reader, const std::filesystem::pa
       throw reader.fault(result.line, reason);
     }
   };
-  for (const named_file& input : inputs) {
-    keep_apart(output, input);
-    keep_apart(report, input);
+  for (std::size_t i = 0; i < results.size(); ++i) {
+    for (const named_file& input : inputs) {
+      keep_apart(results[i], input);
+    }
+    for (std::size_t earlier = 0; earlier < i; ++earlier) {
+      keep_apart(results[i], results[earlier]);
+    }
   }
-  keep_apart(report, output);
 }
 
 }  // namespace

@@ -109,6 +109,10 @@ bool write_spread_residuals(const line_values& points, const Lattice& window,
 
 }  // namespace
 
+std::filesystem::path correction_grid_path(std::string_view report_name) {
+  return report_stem(report_name) + "_stitch_grid_smooth.grd";
+}
+
 std::int32_t smoothing_half_width(float correction_distance, double x_cell,
                                   std::int32_t sample_count) {
   constexpr std::int32_t least = 5;
@@ -160,7 +164,7 @@ Status build_seam_correction(const stitch_parameters& parameters, const seam_ban
     why = "the mismatch along the line cannot be spread over the working window";
     return correction_impossible;
   }
-  const std::string output = report_stem(parameters.report_name) + "_stitch_grid_smooth.grd";
+  const std::string output = correction_grid_path(parameters.report_name).string();
   transform_request request = continuation(spread.path(), output, parameters.correction_distance);
   grid_texts texts;
   transform_range range;

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "formats/grid_description.h"
@@ -42,6 +43,9 @@ struct seam_correction {
   std::filesystem::path path;
   grid_description description;
 };
+
+// "<stem>_stitch_grid_smooth.grd".
+[[nodiscard]] std::filesystem::path correction_grid_path(std::string_view report_name);
 
 inline constexpr Status correction_impossible{-1};
 
