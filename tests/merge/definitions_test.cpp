@@ -207,6 +207,15 @@ TEST_F(Definitions, no_result_takes_the_place_of_an_input_or_of_another_result) 
     put(e.line, e.text);
     EXPECT_EQ(refusal(), e.refusal);
   }
+  // The correction grid is a result only where a correction is asked for.
+  lines = sound;
+  put(2, "report_stitch_grid_smooth.grd");
+  EXPECT_EQ(refusal(), "");
+  put(7, "5");
+  EXPECT_EQ(refusal(),
+            "line 6: the correction grid would replace grid 1 "
+            "(report_stitch_grid_smooth.grd)" +
+                own);
 }
 
 }  // namespace
