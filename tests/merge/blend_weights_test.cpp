@@ -121,6 +121,20 @@ TEST(BlendWeights, follow_the_nearest_part_of_the_line_inside_a_bend) {
   }
 }
 
+TEST(BlendWeights, between_two_arms_as_near_follow_the_arm_that_comes_first) {
+  // East along y = -3, round the north and back, east along y = 3: y = 0 lies left of the first
+  // arm and right of the last, 3 from both. Run the other way, it is left of what was the last.
+  const Band there({{-18, 18, 18, -18, -18, 10}, {-3, -3, 19, 19, 3, 3}}, around_origin, 2, 4);
+  const Band back({{10, -18, -18, 18, 18, -18}, {3, 3, 19, 19, -3, -3}}, around_origin, 2, 4);
+  for (int x = -10; x <= 10; ++x) {
+    EXPECT_EQ(there.over(x, -1), 0.0F) << x;
+    EXPECT_EQ(there.over(x, 0), weight_grid_2) << x;
+    EXPECT_EQ(there.over(x, 1), weight_grid_1) << x;
+    EXPECT_EQ(back.over(x, -1), weight_grid_1) << x;
+    EXPECT_EQ(back.over(x, 0), weight_grid_2) << x;
+  }
+}
+
 TEST(BlendWeights, of_a_closed_line_have_no_gap_at_the_join) {
   // A square run anticlockwise: grid 2 inside; the join at the lower left corner.
   stitch_line square{{-8, 8, 8, -8, -8}, {-8, -8, 8, 8, -8}};
