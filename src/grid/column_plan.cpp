@@ -77,14 +77,17 @@ void ColumnPlan::survey() {
 void ColumnPlan::count_from_stretch() {
   std::int32_t* const left_of = &left[begin];
   std::int32_t* const nearest_to = &nearest[begin];
+  const double* const distance_of = &distance[begin];
   const std::size_t count = end - begin;
   std::int32_t lowest = left_of[0];
   std::int32_t highest = left_of[0];
   std::int32_t left_out = 0;
+  double largest = 0.0;
   for (std::size_t i = 0; i < count; ++i) {
     lowest = std::min(lowest, left_of[i]);
     highest = std::max(highest, left_of[i]);
     left_out += static_cast<std::int32_t>(!is_inside(nearest_to[i]));
+    largest = std::max(largest, distance_of[i]);
   }
   for (std::size_t i = 0; i < count; ++i) {
     left_of[i] -= lowest;
@@ -93,15 +96,7 @@ void ColumnPlan::count_from_stretch() {
   first_column = lowest;
   last_column = highest + 3;
   all_inside = left_out == 0;
-}
-
-bool ColumnPlan::all_on_cells(double y_distance) const noexcept {
-  const double* const distance_of = distance.data();
-  std::int32_t between = 0;
-  for (std::size_t i = begin; i < end; ++i) {
-    between |= static_cast<std::int32_t>(!is_on_cell(distance_of[i], y_distance));
-  }
-  return between == 0;
+  largest_distance = largest;
 }
 
 }  // namespace velmorankite

@@ -27,16 +27,19 @@ struct ColumnPlan {
   platform::LargeArray<double> distance;       // distance from the nearest column, in cells
 
   // Of the points from begin to end:
-  bool all_inside = true;       // none is outside
-  bool left_ascends = true;     // left goes up by one from point to point
-  bool nearest_ascends = true;  // so does nearest
+  double largest_distance = 0.0;  // from the nearest column, in cells
+  bool all_inside = true;         // none is outside
+  bool left_ascends = true;       // left goes up by one from point to point
+  bool nearest_ascends = true;    // so does nearest
 
   // Makes the plan for points at `x`, unless it is the plan for them already. One plan, one axis.
   void make(const GridAxis& axis, std::span<const double> x);
 
   // Whether all points from begin to end take a cell's own value on a row that lies `y_distance`
   // cells from the nearest row of the grid.
-  [[nodiscard]] bool all_on_cells(double y_distance) const noexcept;
+  [[nodiscard]] bool all_on_cells(double y_distance) const noexcept {
+    return is_on_cell(largest_distance, y_distance);
+  }
 
  private:
   void place_all(GridAxis axis);

@@ -1,7 +1,9 @@
 // The lattice on which the cells of a grid lie.
 // SPDX-License-Identifier: MIT
 #pragma once
+#include <cstddef>
 #include <cstdint>
+#include <vector>
 
 namespace velmorankite {
 
@@ -26,5 +28,14 @@ struct Lattice {
   }
   friend constexpr bool operator==(const Lattice&, const Lattice&) = default;
 };
+
+// X of all columns, in map units.
+[[nodiscard]] inline std::vector<double> x_of_columns(const Lattice& lattice) {
+  std::vector<double> x(static_cast<std::size_t>(lattice.x_count));
+  for (std::int32_t column = 1; column <= lattice.x_count; ++column) {
+    x[static_cast<std::size_t>(column - 1)] = lattice.x(column);
+  }
+  return x;
+}
 
 }  // namespace velmorankite

@@ -30,10 +30,7 @@ std::span<float> row_of(platform::LargeArray<float>& cells, const Lattice& windo
 // the number of cells of the blend strip at which both have some.
 std::int64_t resample(const input_grid& grid_1, const input_grid& grid_2, seam& result) {
   const Lattice& window = result.band.window.lattice;
-  std::vector<double> x(static_cast<std::size_t>(window.x_count));
-  for (std::int32_t column = 1; column <= window.x_count; ++column) {
-    x[static_cast<std::size_t>(column - 1)] = window.x(column);
-  }
+  const std::vector<double> x = x_of_columns(window);
   CellInterpolator cells_1(grid_1.path, grid_1.description);
   CellInterpolator cells_2(grid_2.path, grid_2.description);
   result.filled_1 = platform::LargeArray<float>(static_cast<std::size_t>(window.cell_count()));

@@ -36,6 +36,32 @@ index_range in_output(std::int32_t first, std::int32_t last, std::int32_t window
   return {static_cast<std::size_t>(begin), static_cast<std::size_t>(std::max(begin, end))};
 }
 
+// Columns of the output and both grids on them. Each part of a row has its own: so each keeps the
+// rows that it reads, and the places of its columns, from one row to the next.
+class ResampledColumns {
+ public:
+  ResampledColumns(const input_grid& grid_1, const input_grid& grid_2, std::span<const double> x,
+                   index_range columns)
+      : cells_1_(grid_1.path, grid_1.description),
+        cells_2_(grid_2.path, grid_2.description),
+        x_(x.subspan(columns.begin, columns.end - columns.begin)),
+        first_(columns.begin) {}
+
+  // Puts the values of both grids at `y` on these columns of two rows of the output.
+  void resample(double y, std::span<float> values_1, std::span<float> values_2) {
+    if (!x_.empty()) {
+      cells_1_.row(x_, y, values_1.subspan(first_, x_.size()));
+      cells_2_.row(x_, y, values_2.subspan(first_, x_.size()));
+    }
+  }
+
+ private:
+  CellInterpolator cells_1_;
+  CellInterpolator cells_2_;
+  std::span<const double> x_;
+  std::size_t first_;
+};
+
 // Makes the rows of the merged grid, from the bottom up.
 class MergedRows {
  public:
@@ -50,7 +76,6 @@ class MergedRows {
  private:
   [[nodiscard]] bool window_x_agrees() const;
   [[nodiscard]] merge_run run(std::span<float> out, std::size_t begin, std::size_t end) const;
-  void resample(double y, std::size_t begin, std::size_t end, std::span<float> out);
   void make_window_part(std::int32_t row, std::span<float> out);
 
   const seam& seam_;
@@ -63,8 +88,9 @@ class MergedRows {
   std::vector<float> correction_;  // of the row; no correction is 0 everywhere
   std::vector<float> weights_;     // of the window's part of the row
   bool x_agrees_;
-  CellInterpolator cells_1_;
-  CellInterpolator cells_2_;
+  ResampledColumns whole_;
+  ResampledColumns left_;  // of the window
+  ResampledColumns right_;
   std::optional<CellInterpolator> correction_cells_;
   std::int64_t blended_cells_ = 0;
 };
@@ -78,16 +104,14 @@ MergedRows::MergedRows(const stitch_parameters& parameters, const input_grid& gr
                          measured.band.window.lattice.x_count, lattice_.x_count)),
       rows_(in_output(measured.band.window.first_row, measured.band.window.last_row,
                       measured.band.window.lattice.y_count, lattice_.y_count)),
-      x_(static_cast<std::size_t>(lattice_.x_count)),
+      x_(x_of_columns(lattice_)),
       values_2_(x_.size()),
       correction_(x_.size(), 0.0F),
       weights_(columns_.end - columns_.begin),
-      cells_1_(grid_1.path, grid_1.description),
-      cells_2_(grid_2.path, grid_2.description) {
-  for (std::int32_t column = 1; column <= lattice_.x_count; ++column) {
-    x_[static_cast<std::size_t>(column - 1)] = lattice_.x(column);
-  }
-  x_agrees_ = window_x_agrees();
+      x_agrees_(window_x_agrees()),
+      whole_(grid_1, grid_2, x_, {0, x_.size()}),
+      left_(grid_1, grid_2, x_, {0, columns_.begin}),
+      right_(grid_1, grid_2, x_, {columns_.end, x_.size()}) {
   if (measured.correction) {
     correction_cells_.emplace(measured.correction->path, measured.correction->description);
   }
@@ -110,19 +134,13 @@ merge_run MergedRows::run(std::span<float> out, std::size_t begin, std::size_t e
   return {part(out), part(std::span(values_2_)), part(std::span(correction_))};
 }
 
-void MergedRows::resample(double y, std::size_t begin, std::size_t end, std::span<float> out) {
-  const std::span<const double> x = std::span<const double>(x_).subspan(begin, end - begin);
-  cells_1_.row(x, y, out.subspan(begin, end - begin));
-  cells_2_.row(x, y, std::span(values_2_).subspan(begin, end - begin));
-}
-
 void MergedRows::make(std::int32_t row, std::span<float> out) {
   if (correction_cells_) {
     correction_cells_->row(x_, lattice_.y(row), correction_);
   }
   const auto index = static_cast<std::size_t>(row - 1);
   if (index < rows_.begin || index >= rows_.end) {
-    resample(lattice_.y(row), 0, out.size(), out);
+    whole_.resample(lattice_.y(row), out, values_2_);
     merge_outside(run(out, 0, out.size()), level_);
     return;
   }
@@ -151,10 +169,10 @@ void MergedRows::make_window_part(std::int32_t row, std::span<float> out) {
                  out.subspan(columns_.begin, width),
                  std::span(values_2_).subspan(columns_.begin, width), weights_);
   if (agrees) {
-    resample(y, 0, columns_.begin, out);
-    resample(y, columns_.end, out.size(), out);
+    left_.resample(y, out, values_2_);
+    right_.resample(y, out, values_2_);
   } else {
-    resample(y, 0, out.size(), out);
+    whole_.resample(y, out, values_2_);
   }
   blended_cells_ += merge_inside(run(out, columns_.begin, columns_.end), filled, level_);
 }
