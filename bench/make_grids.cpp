@@ -104,6 +104,8 @@ void make_all(const std::filesystem::path& folder, std::int32_t count) {
     write_grid(folder, plan);
   }
   write_line(folder / "meander.dxf", output, meandering(output), 200);
+  write_line(folder / "meander_50.dxf", output, meandering(output), 50);
+  write_line(folder / "meander_5000.dxf", output, meandering(output), 5000);
   write_line(folder / "diagonal.dxf", output, diagonal(output), 200);
 }
 

@@ -6,6 +6,7 @@
 #include <limits>
 
 #include "grid/dummy.h"
+#include "platform/vector_clones.h"
 
 namespace velmorankite {
 namespace {
@@ -52,7 +53,7 @@ LeafDistances::products LeafDistances::products_of(const line_segment& s) const 
   return p;
 }
 
-void LeafDistances::add_strip(const line_segment& s) {
+VELMORANKITE_VECTOR_CLONES void LeafDistances::add_strip(const line_segment& s) {
   const products p = products_of(s);
   const double last = last_along(s.length);
   // `sign` turns distances across so that they are above 0 on the side looked for.
@@ -78,7 +79,7 @@ void LeafDistances::add_strip(const line_segment& s) {
   }
 }
 
-void LeafDistances::add_fan(const line_segment& s) {
+VELMORANKITE_VECTOR_CLONES void LeafDistances::add_fan(const line_segment& s) {
   const products p = products_of(s);
   const double sign = s.at_start == bend::left ? 1.0 : -1.0;
   cell_values& nearest = s.at_start == bend::left ? right_fan_ : left_fan_;
@@ -97,7 +98,7 @@ void LeafDistances::add_fan(const line_segment& s) {
   }
 }
 
-void LeafDistances::round(values& distances) const {
+VELMORANKITE_VECTOR_CLONES void LeafDistances::round(values& distances) const {
   constexpr float undecided = std::numeric_limits<float>::quiet_NaN();
   const double blend = band_.blend_width;
   const float limit = band_.limit;
