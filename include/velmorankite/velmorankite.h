@@ -23,8 +23,8 @@
 #ifndef VELMORANKITE_VELMORANKITE_H
 #define VELMORANKITE_VELMORANKITE_H
 
-#include <stddef.h>
-#include <stdint.h>
+#include <stddef.h> /* NOLINT(modernize-deprecated-headers): read as C too */
+#include <stdint.h> /* NOLINT(modernize-deprecated-headers) */
 
 #if defined(_WIN32)
 #define VELMORANKITE_API __declspec(dllexport)
