@@ -131,7 +131,8 @@ Status read_tables(const BinaryFile& input, std::int32_t count, std::vector<bloc
   std::vector<std::int64_t> offsets(static_cast<std::size_t>(count));
   std::vector<std::int32_t> sizes(static_cast<std::size_t>(count));
   input.read_values(at_tables + 1, std::span(offsets));
-  input.read_values(at_tables + 1 + std::int64_t{8} * count, std::span(sizes));
+  const auto offset_bytes = static_cast<std::int64_t>(std::span(offsets).size_bytes());
+  input.read_values(std::int64_t{at_tables} + 1 + offset_bytes, std::span(sizes));
   blocks.resize(offsets.size());
   for (std::size_t i = 0; i < blocks.size(); ++i) {
     blocks[i] = {offsets[i], sizes[i]};

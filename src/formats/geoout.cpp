@@ -176,10 +176,10 @@ class Int16Rows {
       source_.unit->read_values(source_.offset + 1 + 2 * static_cast<std::int64_t>(first), cells);
       return;
     }
+    const bool held = source_.unit == nullptr || !cells_.empty();
     for (std::int32_t column = 1; column <= lattice_.x_count; ++column) {
       const std::size_t index = stored_index(source_.sense, lattice_, row, column);
-      cells[static_cast<std::size_t>(column - 1)] =
-          cells_.empty() ? read_cell(index) : cells_[index];
+      cells[static_cast<std::size_t>(column - 1)] = held ? cells_[index] : read_cell(index);
     }
   }
 

@@ -158,7 +158,7 @@ std::vector<std::uint32_t> bit_reversal(std::size_t n) {
 VELMORANKITE_VECTOR_CLONES void gather_columns(const float* data, const Lines& lines,
                                                const std::uint32_t* reversed, Group* batch) {
   for (std::size_t k = 0; k < lines.length; ++k) {
-    const float* const from = data + 2 * reversed[k] * lines.stride;
+    const float* const from = data + std::size_t{2} * reversed[k] * lines.stride;
     Group& to = batch[k];
     for (std::size_t lane = 0; lane < lanes; ++lane) {
       to.re[lane] = from[2 * lane];
