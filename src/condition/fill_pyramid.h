@@ -7,16 +7,12 @@
 #include <span>
 #include <vector>
 
+#include "condition/halving_columns.h"
 #include "condition/level_rows.h"
+#include "condition/level_store.h"
 #include "grid/lattice.h"
 
 namespace velmorankite {
-
-// What a level held before it was extended.
-struct level_summary {
-  std::int64_t valid_count = 0;
-  float mean = 0.0F;  // single-precision sum of the valid nodes, the lowest row first, by count
-};
 
 // The smallest count along either axis that can be halved.
 inline constexpr std::int32_t fewest_nodes = 4;
@@ -36,17 +32,23 @@ class FillPyramid {
   // Builds the coarser levels from level 0, which is only read; false if it has no valid node.
   [[nodiscard]] bool build();
 
-  // Takes each row of level 0, from 1 at the lowest Y, when it is complete.
+  // Takes each row of level 0, from 1 at the lowest Y, when it is complete. May be empty.
   using row_sink = std::function<void(std::int32_t row, std::span<const float> cells)>;
 
   // Fills all levels, level 0 last; gives the number of nodes that got a value, over all of them.
   std::int64_t fill(const row_sink& sink);
 
  private:
+  // Fills one level from the next coarser one, of which `complete` says that all nodes are valid.
+  static fill_count fill_level(LevelRows& coarser, bool complete, LevelRows& level,
+                               const row_sink& sink);
+  // For a single valid cell, which is all that there is to fill from.
+  std::int64_t fill_with_constant(const row_sink& sink);
+
   LevelRows& level_0_;
-  level_storage storage_;
+  LevelStore store_;
   std::vector<std::unique_ptr<LevelRows>> coarser_;  // [0] is level 1
-  float constant_ = 0.0F;                            // every node of the coarsest level
+  float constant_ = 0.0F;  // every node of the coarsest level, or every blank cell without any
 };
 
 }  // namespace velmorankite

@@ -25,19 +25,27 @@ class LevelEdges {
   void extend(LevelRows& level) const;
 
  private:
-  // First and last valid node along a column or row, and their values.
+  // First and last valid node along each column or row. A line without a valid node keeps the
+  // ends that it starts with: the outermost, which are not extended.
   struct ends {
     std::vector<std::int32_t> first, last;
-    std::vector<float> first_value, last_value;
     ends(std::int32_t lines, std::int32_t nodes);
   };
+  // A node beyond the data of its column, and the row of the end whose value it takes.
+  struct extension {
+    std::int32_t row;
+    std::int32_t end_row;
+    std::size_t column;
+  };
 
-  void extend_columns(std::int32_t row, std::span<float> cells) const;
+  [[nodiscard]] std::vector<extension> column_extensions() const;
+  [[nodiscard]] bool extends_row(std::int32_t row) const;
   void extend_row(std::int32_t row, std::span<float> cells) const;
 
   std::int32_t column_count_;
   std::int32_t row_count_;
   std::int32_t reach_;
+  std::int32_t open_columns_;  // without a valid node so far
   ends columns_;
   ends rows_;
 };

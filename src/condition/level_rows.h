@@ -3,17 +3,13 @@
 #pragma once
 #include <array>
 #include <cstdint>
-#include <filesystem>
-#include <limits>
-#include <memory>
 #include <span>
 #include <vector>
 
 #include "grid/grid_rows.h"
 #include "grid/lattice.h"
+#include "grid/row_blocks.h"
 #include "platform/binary_file.h"
-#include "platform/large_array.h"
-#include "platform/scratch_file.h"
 
 namespace velmorankite {
 
@@ -44,10 +40,9 @@ class LevelRows {
   Lattice lattice_;
 };
 
-// A level that is held in memory as a whole, in an array of its own or in the caller's.
+// A level that is held in memory as a whole, in an array that outlives it.
 class MemoryRows final : public LevelRows {
  public:
-  explicit MemoryRows(const Lattice& lattice);
   MemoryRows(const Lattice& lattice, std::span<float> cells) : LevelRows(lattice), cells_(cells) {}
 
   std::span<float> row(std::int32_t row) override {
@@ -55,7 +50,6 @@ class MemoryRows final : public LevelRows {
   }
 
  private:
-  platform::LargeArray<float> own_;
   std::span<float> cells_;
 };
 
@@ -87,46 +81,58 @@ struct input_placement {
   [[nodiscard]] bool has_row(std::int32_t row) const noexcept {
     return row > row_offset && row - row_offset <= layout.y_count;
   }
-  // The part of a working row that the input covers.
+  // The part of a working row that the input's columns cover.
   template <typename T>
   [[nodiscard]] std::span<T> covered(std::span<T> cells) const noexcept {
     return cells.subspan(static_cast<std::size_t>(column_offset),
                          static_cast<std::size_t>(layout.x_count));
   }
+  // Blanks the other columns of a working row.
+  void blank_margin(std::span<float> cells) const;
 };
 
-// Level 0 of a grid too large for memory: rows come from the input file, which is never written.
+// Reads rows of the working lattice from the input; what the input does not cover is dummy.
+class InputReader {
+ public:
+  InputReader(const platform::BinaryFile& file, const input_placement& placement)
+      : placement_(placement), blocks_(file, placement.layout) {}
+
+  void read(std::int32_t row, std::span<float> cells);
+
+ private:
+  input_placement placement_;
+  RowBlockReader blocks_;
+};
+
+// Level 0 of a grid too large for memory: its rows come from the input file, which is never
+// written, every time that they are asked for.
 class InputRows final : public LevelRows {
  public:
   InputRows(const Lattice& lattice, const platform::BinaryFile& file,
             const input_placement& placement)
-      : LevelRows(lattice), file_(file), placement_(placement), cache_(width()) {}
+      : LevelRows(lattice), input_(file, placement), cache_(width()) {}
 
   std::span<float> row(std::int32_t row) override;
 
  private:
-  const platform::BinaryFile& file_;
-  input_placement placement_;
+  InputReader input_;
   RowCache cache_;
 };
 
-// Reads one row of the working lattice from the input; what the input does not cover is dummy.
-void read_input_row(const platform::BinaryFile& file, const input_placement& placement,
-                    std::int32_t row, std::span<float> cells);
+// Level 0 from the input file, held in an array that outlives it: a row is read when it, or one
+// above it, is first asked for, so that the first pass over the level finds it in the cache.
+class LoadedRows final : public LevelRows {
+ public:
+  LoadedRows(const Lattice& lattice, const platform::BinaryFile& file,
+             const input_placement& placement, std::span<float> cells)
+      : LevelRows(lattice), input_(file, placement), rows_(lattice, cells) {}
 
-// How levels are held. A test lowers the limit; it is met too when the system has no memory left.
-struct level_storage {
-  std::int64_t most_cells_in_memory = std::numeric_limits<std::int64_t>::max();
-  std::int32_t storage_sense = sense_bottom_up;  // of level files
-  float minimum = 0.0F;                          // for the headers of level files
-  float maximum = 0.0F;
-  std::filesystem::path input_path;  // must not be taken for a level file
+  std::span<float> row(std::int32_t row) override;
+
+ private:
+  InputReader input_;
+  MemoryRows rows_;
+  std::int32_t loaded_ = 0;
 };
-
-// A new level, in memory or, where that has no room, in "mmap_level_001.grd" (the number of the
-// level in its three digits) in the current directory. A level file is held with an exclusive
-// lock and deleted with the level. Throws IoError if another run in this directory has it.
-std::unique_ptr<LevelRows> make_level(const Lattice& lattice, int number,
-                                      const level_storage& storage);
 
 }  // namespace velmorankite

@@ -10,6 +10,8 @@
 #include "condition/fill_pyramid.h"
 #include "grid/dummy.h"
 #include "grid/grid_rows.h"
+#include "grid/row_blocks.h"
+#include "platform/large_array.h"
 #include "platform/scratch_file.h"
 
 namespace velmorankite {
@@ -33,7 +35,9 @@ bool fits(std::int64_t count, std::int64_t offset, std::int64_t room) {
 
 bool is_possible(const fill_request& request) {
   const grid_ints& input = request.input.ints;
-  return request.x_count >= fewest_nodes && request.y_count >= fewest_nodes &&
+  const std::int64_t cell_count = std::int64_t{request.x_count} * request.y_count;
+  return (request.cells.empty() || std::ssize(request.cells) >= cell_count) &&
+         request.x_count >= fewest_nodes && request.y_count >= fewest_nodes &&
          fits(input.x_count, request.column_offset, request.x_count) &&
          fits(input.y_count, request.row_offset, request.y_count);
 }
@@ -48,38 +52,41 @@ Lattice working_lattice(const fill_request& request) {
           request.y_count};
 }
 
-// Blanks the part of the caller's array that the input does not cover.
-void blank_margin(std::span<float> cells, const Lattice& lattice,
-                  const input_placement& placement) {
-  MemoryRows rows(lattice, cells);
+// Level 0, and the array that it is held in if that is none of the caller's.
+struct base_level {
+  platform::LargeArray<float> cells;
+  std::unique_ptr<LevelRows> rows;
+};
+
+// The caller's array, with the part that the input does not cover blanked.
+base_level level_in_array(std::span<float> cells, const Lattice& lattice,
+                          const input_placement& placement) {
+  base_level level{{}, std::make_unique<MemoryRows>(lattice, cells)};
   for (std::int32_t row = 1; row <= lattice.y_count; ++row) {
-    const std::span<float> line = rows.row(row);
-    if (!placement.has_row(row)) {
-      std::ranges::fill(line, dummy);
-      continue;
+    if (placement.has_row(row)) {
+      placement.blank_margin(level.rows->row(row));
+    } else {
+      std::ranges::fill(level.rows->row(row), dummy);
     }
-    const std::span<float> covered = placement.covered(line);
-    std::fill(line.data(), covered.data(), dummy);
-    std::fill(covered.data() + covered.size(), line.data() + line.size(), dummy);
   }
+  return level;
 }
 
-// Level 0 from the input file, in memory where there is room.
-std::unique_ptr<LevelRows> read_level_0(const Lattice& lattice, const BinaryFile& file,
-                                        const input_placement& placement,
-                                        const level_storage& storage) {
+// In memory where there is room.
+base_level level_from_file(const BinaryFile& file, const Lattice& lattice,
+                           const input_placement& placement, const level_storage& storage) {
+  base_level level;
   if (lattice.cell_count() <= storage.most_cells_in_memory) {
     try {
-      auto level = std::make_unique<MemoryRows>(lattice);
-      for (std::int32_t row = 1; row <= lattice.y_count; ++row) {
-        read_input_row(file, placement, row, level->row(row));
-      }
+      level.cells = platform::LargeArray<float>(static_cast<std::size_t>(lattice.cell_count()));
+      level.rows = std::make_unique<LoadedRows>(lattice, file, placement, level.cells.span());
       return level;
     } catch (const std::bad_alloc&) {
-      // Read by rows, below.
+      // Read by rows, as one that is too large.
     }
   }
-  return std::make_unique<InputRows>(lattice, file, placement);
+  level.rows = std::make_unique<InputRows>(lattice, file, placement);
+  return level;
 }
 
 void copy_bytes(const BinaryFile& from, BinaryFile& to, std::int64_t position, std::int64_t end) {
@@ -100,10 +107,10 @@ std::int64_t write_new_grid(FillPyramid& pyramid, const fill_request& request,
   header.stat_min = request.minimum;
   header.stat_max = request.maximum;
   OUTPUT_GEOSOFT_HEADER(output.file(), header);
-  const RowLayout layout{sense, lattice.x_count, lattice.y_count};
-  const std::int64_t filled = pyramid.fill([&](std::int32_t row, std::span<const float> cells) {
-    write_row(output.file(), layout, row, cells);
-  });
+  RowBlockWriter rows(output.file(), {sense, lattice.x_count, lattice.y_count});
+  const std::int64_t filled = pyramid.fill(
+      [&rows](std::int32_t row, std::span<const float> cells) { rows.write(row, cells); });
+  rows.finish();
   output.commit();
   return filled;
 }
@@ -113,29 +120,31 @@ std::int64_t write_new_grid(FillPyramid& pyramid, const fill_request& request,
 std::int64_t fill_in_place(FillPyramid& pyramid, const BinaryFile& input,
                            const input_placement& placement) {
   namespace fs = std::filesystem;
-  const fs::perms permissions = fs::status(input.path()).permissions();
+  std::error_code ignored;
+  const fs::perms permissions = fs::status(input.path(), ignored).permissions();
   StagedFile output(input.path());
   const std::int64_t cells_end =
       placement.layout.header_bytes + std::int64_t{placement.layout.x_count} *
                                           static_cast<std::int64_t>(sizeof(float)) *
                                           placement.layout.y_count;
   copy_bytes(input, output.file(), 1, placement.layout.header_bytes + 1);
+  RowBlockWriter rows(output.file(), placement.layout);
   const std::int64_t filled = pyramid.fill([&](std::int32_t row, std::span<const float> cells) {
     if (placement.has_row(row)) {
-      write_row(output.file(), placement.layout, row - placement.row_offset,
-                placement.covered(cells));
+      rows.write(row - placement.row_offset, placement.covered(cells));
     }
   });
+  rows.finish();
   copy_bytes(input, output.file(), cells_end + 1, input.size() + 1);
   output.commit();
-  std::error_code ignored;
   fs::permissions(output.target(), permissions, ignored);
   return filled;
 }
 
 }  // namespace
 
-Status GRDMIPMAP(const fill_request& request, std::int64_t& filled_count, level_storage storage) {
+Status GRDMIPMAP(const fill_request& request, std::int64_t& filled_count,
+                 std::int64_t most_cells_in_memory) {
   filled_count = 0;
   if (!is_possible(request)) {
     return fill_impossible;
@@ -149,18 +158,12 @@ Status GRDMIPMAP(const fill_request& request, std::int64_t& filled_count, level_
   const Lattice lattice = working_lattice(request);
   const input_placement placement{layout_of(request.input), request.column_offset,
                                   request.row_offset};
-  storage.storage_sense = request.input.ints.storage_sense;
-  storage.minimum = request.minimum;
-  storage.maximum = request.maximum;
-  storage.input_path = input.path();
-  std::unique_ptr<LevelRows> level_0;
-  if (request.cells.empty()) {
-    level_0 = read_level_0(lattice, input, placement, storage);
-  } else {
-    blank_margin(request.cells, lattice, placement);
-    level_0 = std::make_unique<MemoryRows>(lattice, request.cells);
-  }
-  FillPyramid pyramid(*level_0, storage);
+  const level_storage storage{most_cells_in_memory, request.input.ints.storage_sense,
+                              request.minimum, request.maximum, input.path()};
+  const base_level level_0 = request.cells.empty()
+                                 ? level_from_file(input, lattice, placement, storage)
+                                 : level_in_array(request.cells, lattice, placement);
+  FillPyramid pyramid(*level_0.rows, storage);
   if (!pyramid.build()) {
     return fill_impossible;
   }
@@ -171,7 +174,8 @@ Status GRDMIPMAP(const fill_request& request, std::int64_t& filled_count, level_
 
 Status fill_levels(std::span<float> cells, const Lattice& lattice, std::int64_t& filled_count) {
   filled_count = 0;
-  if (lattice.x_count < fewest_nodes || lattice.y_count < fewest_nodes) {
+  if (lattice.x_count < fewest_nodes || lattice.y_count < fewest_nodes ||
+      std::ssize(cells) < lattice.cell_count()) {
     return fill_impossible;
   }
   MemoryRows level_0(lattice, cells);
@@ -179,7 +183,7 @@ Status fill_levels(std::span<float> cells, const Lattice& lattice, std::int64_t&
   if (!pyramid.build()) {
     return fill_impossible;
   }
-  filled_count = pyramid.fill([](std::int32_t, std::span<const float>) {});
+  filled_count = pyramid.fill(nullptr);
   return success;
 }
 

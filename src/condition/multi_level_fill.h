@@ -5,15 +5,15 @@
 #include <span>
 #include <string_view>
 
-#include "condition/level_rows.h"
+#include "condition/level_store.h"
 #include "formats/grid_description.h"
 #include "grid/lattice.h"
 #include "grid/status.h"
 
 namespace velmorankite {
 
-// The working lattice has fewer than 4 columns or rows or does not hold the whole input, or no
-// cell has a value.
+// The working lattice has fewer than 4 columns or rows, does not hold the whole input or is not
+// held by the array; or no cell has a value.
 inline constexpr Status fill_impossible{-1};
 
 // A multi-level fill of a grid file.
@@ -36,13 +36,15 @@ struct fill_request {
 // Gives every blank cell of a standard grid of 4-byte floats a value and keeps all others, in time
 // and memory proportional to the grid. With offsets, the margin round the data is filled too.
 //   filled_count  out: nodes that got a value, over level 0 and all coarser levels.
-//   storage       how levels are held; its sense, limits and input are set from the request.
+//   most_cells_in_memory  a level with more cells than this is worked on by rows, as is one for
+//                 which the system has no memory: level 0 from the input file, each coarser level
+//                 through a file of its own in the current directory.
 // The output appears under its name only when it is complete. In place, the input is replaced as
-// a whole when all is done, and keeps what stands in it beside its cells. A grid too large for
-// memory is worked on by rows, through level files in the current directory.
-// Status: success or fill_impossible, then without an output. Throws IoError.
+// a whole when all is done, and keeps what stands in it beside its cells.
+// Status: success or fill_impossible, then without an output. Throws IoError; an array that was
+// given then holds nothing in particular.
 Status GRDMIPMAP(const fill_request& request, std::int64_t& filled_count,
-                 level_storage storage = {});
+                 std::int64_t most_cells_in_memory = while_memory_lasts);
 
 // The same fill for a grid in memory: `cells` holds the rows of `lattice`, the lowest first, and
 // keeps its blanks on fill_impossible.

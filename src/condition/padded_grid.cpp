@@ -157,9 +157,8 @@ Status fill_file(const std::filesystem::path& padded) {
   fill.x_count = fill.input.ints.x_count;
   fill.y_count = fill.input.ints.y_count;
   std::int64_t filled_count = 0;
-  level_storage by_rows;
-  by_rows.most_cells_in_memory = 0;
-  return GRDMIPMAP(fill, filled_count, by_rows);
+  constexpr std::int64_t nothing_in_memory = 0;
+  return GRDMIPMAP(fill, filled_count, nothing_in_memory);
 }
 
 Status pad_by_rows(const pad_job& job, platform::BinaryFile& padded, pad_range& range) {

@@ -1,0 +1,24 @@
+// Building a coarser level of a fill from the one below it.
+// SPDX-License-Identifier: MIT
+#pragma once
+#include <cstdint>
+
+#include "condition/level_rows.h"
+
+namespace velmorankite {
+
+// What a level held before it was extended.
+struct level_summary {
+  std::int64_t valid_count = 0;
+  float mean = 0.0F;  // single-precision sum of the valid nodes, the lowest row first, by count
+};
+
+// Writes all nodes of a level as those of the finer level that they coincide with, blanks among
+// them, then extends it by `reach` nodes beyond the ends of its data.
+level_summary build_level(LevelRows& finer, LevelRows& level, std::int32_t reach);
+
+// The same for a grid whose data lie on even rows or columns, which level 1 would miss: a node
+// without a value takes the mean of the valid cells within one cell of it.
+level_summary build_widened_level(LevelRows& level_0, LevelRows& level_1, std::int32_t reach);
+
+}  // namespace velmorankite
