@@ -265,6 +265,88 @@ VELMORANKITE_API void GRDMIPMAP(const char* input, const int32_t* grid_ints,
                                 int32_t* filled_count, int32_t* status, size_t input_length,
                                 size_t output_length);
 
+/* Fits the plane a + b x + c y to a standard grid of 4-byte floats, x and y being distances from
+ * its first cell in map units, and can take it off. scope    1: every cell with data is a sample;
+ * 0: the ends of rows and columns alone. output   the residual grid; the plane goes to
+ * `<stem>_trend.grd`. Blank: fit only. mean     out: of all cells with data. a, b, c  out. status
+ * 0; -1 no cell with data, -997 the plane's grid, -998 the residual grid cannot be written, -999
+ * the input cannot be described or opened. */
+VELMORANKITE_API void GRID_DETREND_PLANE(const int32_t* scope, const char* input,
+                                         const char* output, float* mean, float* a, float* b,
+                                         float* c, int32_t* status, size_t input_length,
+                                         size_t output_length);
+
+/* The same with scope 0. */
+VELMORANKITE_API void GRID_DETREND(const char* input, const char* output, float* mean, float* a,
+                                   float* b, float* c, int32_t* status, size_t input_length,
+                                   size_t output_length);
+
+/* An earlier form: every cell that ends a row or a column is a sample once, an output must be
+ * given, and the plane goes to `<stem>_detrend.grd`. */
+VELMORANKITE_API void GRID_DETREND_OLD(const char* input, const char* output, float* mean, float* a,
+                                       float* b, float* c, int32_t* status, size_t input_length,
+                                       size_t output_length);
+
+/* ---- Transform ----------------------------------------------------------------------------- */
+
+/* Filters a grid: docs/transforms.md tells the filters and their parameters. The run writes a log
+ * beside the output, `<stem>_trs.log`.
+ *   GridInt, GridReal  of InGrid, from GRDRDH.
+ *   ReUse        above 0: the padded grid and its spectrum are kept for later runs, under names
+ *                that begin with ReUseBase, and those of earlier runs are used.
+ *   Filter       index, 100 to 212.
+ *   PadWidth     the padded grid has 3 x PadWidth + 1 cells more on each side.
+ *   FilterWidth  a convolution operator has 2 x FilterWidth - 1 points across.
+ *   Detrend      units digit 0: the plane is taken off; 1: and put back; 2: the mean alone. Tens
+ *                digit: the scope of GRID_DETREND_PLANE.
+ *   FftMode      0: convolution; 1: FFT in memory.
+ *   HiCut, LoCut cutoffs as shares of the highest frequency, above 0 and up to 1.
+ *   Azimuth      degrees.
+ *   IntPar, RealPar  3 integers and 8 reals.
+ *   OutMin, OutMax   out: range of the output; OutMax is 1 where none was made.
+ *   Status       0, or the cells filled by the hole filter; negative: docs/c-interface.md. */
+VELMORANKITE_API void TRSD(const char* InGrid, const int32_t* GridInt, const double* GridReal,
+                           const char* OutGrid, const int32_t* ReUse, const char* ReUseBase,
+                           const int32_t* Filter, const int32_t* PadWidth,
+                           const int32_t* FilterWidth, const int32_t* Detrend,
+                           const int32_t* FftMode, const float* HiCut, const float* LoCut,
+                           const float* Azimuth, const int32_t* IntPar, const float* RealPar,
+                           float* OutMin, float* OutMax, int32_t* Status, size_t InGrid_length,
+                           size_t OutGrid_length, size_t ReUseBase_length);
+
+/* The same with 22 reals in single precision. */
+VELMORANKITE_API void TRS(const char* InGrid, const int32_t* GridInt, float* GridReal,
+                          const char* OutGrid, const int32_t* ReUse, const char* ReUseBase,
+                          const int32_t* Filter, const int32_t* PadWidth,
+                          const int32_t* FilterWidth, const int32_t* Detrend,
+                          const int32_t* FftMode, const float* HiCut, const float* LoCut,
+                          const float* Azimuth, const int32_t* IntPar, const float* RealPar,
+                          float* OutMin, float* OutMax, int32_t* Status, size_t InGrid_length,
+                          size_t OutGrid_length, size_t ReUseBase_length);
+
+/* Transforms complex numbers along each dimension in place, without normalisation.
+ *   data        2 x the product of the dimensions words, real part first, the first dimension
+ *               fastest.
+ *   dimensions  dimension_count powers of two.
+ *   sign        1: forward, the exponent is +2 pi i k x / n; -1: inverse.
+ * Returns 0; -1 for a dimension that is no power of two, -2 for too many words, -3 for another
+ * sign; the data are then as they were. */
+VELMORANKITE_API int32_t FOURN(float* data, const int32_t* dimension_count,
+                               const int32_t* dimensions, const int32_t* sign);
+
+/* Designs the operator of a convolution filter.
+ *   Filter to Par3  as in a run; distances in cells.
+ *   direction  degrees from the Y axis towards the X axis, of a horizontal derivative.
+ *   columns, rows  points each way, the same odd number n.
+ *   weights    out: for an index below 200 the quarter plane, (n - 1) / 2 + 1 points each way from
+ *              the centre; else n x n.
+ *   Status     0; 1: a filter without a response, all weights 1; -3001 to -3003. */
+VELMORANKITE_API void CALC_FILTER_COEFFICIENTS(
+    const int32_t* Filter, const int32_t* Opt1, const int32_t* Opt2, const float* LoCut,
+    const float* HiCut, const float* Par1, const float* Par2, const float* Par3,
+    const double* CellX, const double* CellY, const double* direction, const int32_t* columns,
+    const int32_t* rows, float* weights, int32_t* Status);
+
 /* ---- Merge --------------------------------------------------------------------------------- */
 
 /* Reads the stitch line of a DXF file.

@@ -9,6 +9,7 @@
 #include "capi/descriptions.h"
 #include "capi/failures.h"
 #include "capi/texts.h"
+#include "condition/detrend.h"
 #include "condition/hole_filling.h"
 #include "condition/multi_level_fill.h"
 
@@ -20,6 +21,12 @@ namespace {
 std::int32_t count_out(std::int64_t count) {
   return static_cast<std::int32_t>(
       std::min<std::int64_t>(count, std::numeric_limits<std::int32_t>::max()));
+}
+
+void plane_out(const velmorankite::plane& trend, float* a, float* b, float* c) {
+  *a = trend.a;
+  *b = trend.b;
+  *c = trend.c;
 }
 
 }  // namespace
@@ -60,4 +67,36 @@ void GRDMIPMAP(const char* input, const std::int32_t* grid_ints, const double* g
     return velmorankite::GRDMIPMAP(request, count);
   });
   *filled_count = count_out(count);
+}
+
+void GRID_DETREND_PLANE(const std::int32_t* scope, const char* input, const char* output,
+                        float* mean, float* a, float* b, float* c, std::int32_t* status,
+                        std::size_t input_length, std::size_t output_length) {
+  using velmorankite::fit_scope;
+  velmorankite::plane trend;
+  *mean = 0.0F;
+  *status = guarded("GRID_DETREND_PLANE", [&] {
+    return velmorankite::GRID_DETREND_PLANE(
+        *scope == 1 ? fit_scope::all_cells : fit_scope::line_ends, text_in(input, input_length),
+        text_in(output, output_length), *mean, trend);
+  });
+  plane_out(trend, a, b, c);
+}
+
+void GRID_DETREND(const char* input, const char* output, float* mean, float* a, float* b, float* c,
+                  std::int32_t* status, std::size_t input_length, std::size_t output_length) {
+  const std::int32_t line_ends = 0;
+  GRID_DETREND_PLANE(&line_ends, input, output, mean, a, b, c, status, input_length, output_length);
+}
+
+void GRID_DETREND_OLD(const char* input, const char* output, float* mean, float* a, float* b,
+                      float* c, std::int32_t* status, std::size_t input_length,
+                      std::size_t output_length) {
+  velmorankite::plane trend;
+  *mean = 0.0F;
+  *status = guarded("GRID_DETREND_OLD", [&] {
+    return velmorankite::GRID_DETREND_OLD(text_in(input, input_length),
+                                          text_in(output, output_length), *mean, trend);
+  });
+  plane_out(trend, a, b, c);
 }

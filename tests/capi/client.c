@@ -271,6 +271,73 @@ static void grids_are_joined(void) {
   check_words("GRIDSTITCH: ", "and the reason is told");
 }
 
+/* All that the engine takes off a plane it puts back. */
+static void grids_are_transformed(void) {
+  int32_t ints[VELMORANKITE_DESCRIPTION_WORDS];
+  double reals[VELMORANKITE_DESCRIPTION_WORDS];
+  float singles[22];
+  float mean = 0, a = 0, b = 0, c = 0, low = 7.0F, high = 7.0F;
+  static float cells[columns * rows];
+  const int32_t scope = 1, reuse = 0, continuation = 101, width = 3, put_back = 1, in_memory = 1;
+  const int32_t int_par[3] = {0, 1, 0};
+  const float none = 0.0F;
+  const float real_par[8] = {20.0F};
+  int32_t road = 2, status = 7;
+  GRID_DETREND_PLANE(&scope, "one.grd", "", &mean, &a, &b, &c, &status, 7, 0);
+  check(
+      status == 0 && fabsf(b - 0.5F) < 1e-5F && fabsf(c + 0.25F) < 1e-5F && fabsf(a - 7.0F) < 0.01F,
+      "a plane is found");
+  GRID_DETREND("one.grd", "flat.grd", &mean, &a, &b, &c, &status, 7, 8);
+  GRDRDH("flat_trend.grd", ints, reals, NULL, &status, 14, 0);
+  check(status == 0, "and written");
+  GRID_DETREND_OLD("none.grd", "flat.grd", &mean, &a, &b, &c, &status, 8, 8);
+  check(status == -999, "a missing grid has no plane");
+
+  GRDRDH("one.grd", ints, reals, NULL, &status, 7, 0);
+  TRSD("one.grd", ints, reals, "up.grd", &reuse, "", &continuation, &width, &width, &put_back,
+       &road, &none, &none, &none, int_par, real_par, &low, &high, &status, 7, 6, 0);
+  check(status == -1004 && low == 7.0F && high == 1.0F, "an unknown road makes no output");
+  road = in_memory;
+  for (int i = 0; i < 22; ++i) {
+    singles[i] = (float)reals[i];
+  }
+  TRS("one.grd", ints, singles, "up.grd", &reuse, "", &continuation, &width, &width, &put_back,
+      &road, &none, &none, &none, int_par, real_par, &low, &high, &status, 7, 6, 0);
+  check(status == 0 && fabsf(low - plane(x_origin, y_origin + (rows - 1) * cell)) < 0.1F,
+        "a plane is continued upwards");
+  FILE* file = fopen("up.grd", "rb");
+  fseek(file, 512, SEEK_SET);
+  check(fread(cells, sizeof cells, 1, file) == 1, "the filtered grid is whole");
+  fclose(file);
+  for (int i = 0; i < columns * rows; ++i) {
+    const float expected = plane(x_origin + i % columns * cell, y_origin + i / columns * cell);
+    check(fabsf(cells[i] - expected) < 0.01F, "and stays the plane that it was");
+  }
+}
+
+static void spectra_and_operators_are_made(void) {
+  float data[16] = {3.0F, -1.0F};
+  float weights[4];
+  const int32_t sizes[2] = {4, 2}, odd_sizes[2] = {4, 3}, two = 2, forward = 1, inverse = -1;
+  const int32_t smoothing = 100, three = 3, four = 4, option = 1, no_option = 0;
+  const float none = 0.0F;
+  const double spacing = 1.0, direction = 0.0;
+  int32_t status = 7;
+  check(FOURN(data, &two, sizes, &forward) == 0 && data[14] == 3.0F && data[15] == -1.0F,
+        "a point has a flat spectrum");
+  check(FOURN(data, &two, sizes, &inverse) == 0 && data[0] == 24.0F && data[14] == 0.0F,
+        "both ways give the data, 8 times");
+  check(FOURN(data, &two, odd_sizes, &forward) == -1, "3 is no power of two");
+  CALC_FILTER_COEFFICIENTS(&smoothing, &option, &no_option, &none, &none, &none, &none, &none,
+                           &spacing, &spacing, &direction, &three, &three, weights, &status);
+  check(
+      status == 0 && fabsf(weights[0] + 2 * (weights[1] + weights[2]) + 4 * weights[3] - 1) < 1e-6F,
+      "the weights of a smoother make up 1");
+  CALC_FILTER_COEFFICIENTS(&smoothing, &option, &no_option, &none, &none, &none, &none, &none,
+                           &spacing, &spacing, &direction, &four, &four, weights, &status);
+  check(status == -3003, "an even operator has no centre");
+}
+
 int main(void) {
   write_grid("one.grd", 0.0F, 0);
   files_go_by_unit_numbers();
@@ -279,5 +346,7 @@ int main(void) {
   small_services_serve();
   grids_are_cloned_and_filled();
   grids_are_joined();
+  grids_are_transformed();
+  spectra_and_operators_are_made();
   return failures == 0 ? 0 : 1;
 }
