@@ -131,7 +131,7 @@ class SpectrumFilter {
     half_.fill(u_, v, high_cut_);
     std::fill(input_.begin(), input_.end(), 0.0);
     std::fill(output_.begin(), output_.end(), 0.0);
-    if (chosen_.kind == response_kind::real && chosen_.even) {
+    if (chosen_.kind == response_kind::real && chosen_.symmetry == response_symmetry::axes) {
       const std::size_t half = std::min(half_response_.size(), u_.size());
       chosen_.real_row(parameters_, std::span(u_).first(half), v, std::span(half_response_));
       for (std::size_t i = 0; i < u_.size(); ++i) {
@@ -158,11 +158,25 @@ class SpectrumFilter {
       sum_ = sum_ + sum;
       return;
     }
-    if (chosen_.kind == response_kind::real && !chosen_.even) {
-      chosen_.real_row(parameters_, u_, v_[j], real_);
-      apply_ramp();
+    if (chosen_.kind == response_kind::real && chosen_.symmetry != response_symmetry::axes) {
+      if (chosen_.symmetry == response_symmetry::point && j > v_.size() / 2) {
+        turn_row(v_[j]);
+      } else {
+        chosen_.real_row(parameters_, u_, v_[j], real_);
+      }
     }
     apply_real(row, u_.size(), divisor_, real_.data(), input_.data(), output_.data());
+  }
+
+  // Makes the response of the opposite row from that of a row: the elements in turned order, but
+  // for the Nyquist frequency, which has no opposite in the array.
+  void turn_row(double v) {
+    const std::size_t n = u_.size();
+    std::reverse(real_.begin() + 1, real_.end());
+    if (n > 1) {
+      chosen_.real_row(parameters_, std::span(u_).subspan(n / 2, 1), v,
+                       std::span(real_).subspan(n / 2, 1));
+    }
   }
 
   void add_powers(std::int64_t rows) {

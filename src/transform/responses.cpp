@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "transform/responses.h"
 
-#include <array>
+#include <algorithm>
 #include <cstddef>
 
 #include "transform/directional_responses.h"
@@ -47,8 +47,9 @@ void turn_to_y(filter_parameters& parameters) {
 
 constexpr auto real = response_kind::real;
 constexpr auto complex = response_kind::complex;
-constexpr bool even = true;
-constexpr bool uneven = false;
+constexpr auto even = response_symmetry::axes;
+constexpr auto point = response_symmetry::point;
+constexpr auto uneven = response_symmetry::none;
 constexpr bool times_h = true;
 constexpr bool plain = false;
 
@@ -62,8 +63,8 @@ constexpr response responses[] = {
     {real, even, plain, false, real_row<RespMagLayer>},
     {real, even, plain, false, real_row<RespGravLayer>},
     {real, even, plain, false, real_row<RespReste>},
-    {real, uneven, plain, false, real_row<RespStrike>},
-    {real, uneven, plain, false, real_row<RespTensor>},
+    {real, point, plain, false, real_row<RespStrike>},
+    {real, point, plain, false, real_row<RespTensor>},
     {real, even, plain, false, real_row<RespAppSusc>},
     {complex, uneven, plain, false, nullptr, complex_row<RespRTP>},
     {complex, uneven, plain, false, nullptr, complex_row<RespRTE>},
@@ -79,6 +80,10 @@ constexpr response responses[] = {
     {complex, uneven, plain, true, nullptr, complex_row<RespFieldZ>},
 };
 static_assert(std::size(responses) == static_cast<std::size_t>(response_id::field_z) + 1);
+// The ramp of HiCut is put on a quarter of the frequency plane.
+static_assert(std::ranges::all_of(responses, [](const response& r) {
+  return !r.times_high_cut || r.symmetry == response_symmetry::axes;
+}));
 
 }  // namespace
 

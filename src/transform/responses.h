@@ -10,14 +10,20 @@ namespace velmorankite {
 
 enum class response_kind : std::uint8_t { none, real, complex };
 
+// Frequencies at which a response has the same value.
+enum class response_symmetry : std::uint8_t {
+  none,
+  point,  // (u, v) and (-u, -v), as a real filter of real grids must
+  axes    // u and -u, v and -v
+};
+
 // A response, ready for the rows of any frequency lattice. The row functions work out what depends
 // on the parameters once a row; the values are those of the response class at (u[i], v).
 //   u, v      frequencies along X and Y, cycles per cell.
 //   out       as many elements as u.
 struct response {
   response_kind kind = response_kind::none;
-  // The value is the same for u and -u, and for v and -v.
-  bool even = false;
+  response_symmetry symmetry = response_symmetry::none;
   // The ramp of HiCut multiplies it on the FFT road in memory.
   bool times_high_cut = false;
   // The mean of the field is unknown: the first element of the spectrum is chosen so that the
