@@ -54,13 +54,13 @@ std::size_t mirrored(std::size_t i, std::size_t n) {
   return std::min(i, n - i);
 }
 
-// Divides a row, multiplies it by a real response and adds the powers of its elements, ahead of
-// the response and behind it.
-VELMORANKITE_VECTOR_CLONES void apply_real(float* row, std::size_t n, float divisor,
+// Takes a share of a row, multiplies it by a real response and adds the powers of its elements,
+// ahead of the response and behind it.
+VELMORANKITE_VECTOR_CLONES void apply_real(float* row, std::size_t n, float share,
                                            const double* response, double* input, double* output) {
   for (std::size_t i = 0; i < n; ++i) {
-    const auto re = static_cast<double>(row[2 * i] / divisor);
-    const auto im = static_cast<double>(row[2 * i + 1] / divisor);
+    const auto re = static_cast<double>(row[2 * i] * share);
+    const auto im = static_cast<double>(row[2 * i + 1] * share);
     const auto new_re = static_cast<float>(re * response[i]);
     const auto new_im = static_cast<float>(im * response[i]);
     row[2 * i] = new_re;
@@ -72,13 +72,13 @@ VELMORANKITE_VECTOR_CLONES void apply_real(float* row, std::size_t n, float divi
 }
 
 // The same with a complex response; gives the sum of the elements too.
-VELMORANKITE_VECTOR_CLONES complex_response apply_complex(float* row, std::size_t n, float divisor,
+VELMORANKITE_VECTOR_CLONES complex_response apply_complex(float* row, std::size_t n, float share,
                                                           const complex_response* response,
                                                           double* input, double* output) {
   complex_response sum;
   for (std::size_t i = 0; i < n; ++i) {
-    const auto re = static_cast<double>(row[2 * i] / divisor);
-    const auto im = static_cast<double>(row[2 * i + 1] / divisor);
+    const auto re = static_cast<double>(row[2 * i] * share);
+    const auto im = static_cast<double>(row[2 * i + 1] * share);
     const auto new_re = static_cast<float>(re * response[i].re - im * response[i].im);
     const auto new_im = static_cast<float>(re * response[i].im + im * response[i].re);
     row[2 * i] = new_re;
@@ -97,10 +97,10 @@ VELMORANKITE_VECTOR_CLONES complex_response apply_complex(float* row, std::size_
 class SpectrumFilter {
  public:
   SpectrumFilter(fft_size size, const response& chosen, const filter_parameters& parameters,
-                 float divisor, PowerSpectrum& power)
+                 float share, PowerSpectrum& power)
       : chosen_(chosen),
         parameters_(parameters),
-        divisor_(divisor),
+        share_(share),
         power_(power),
         u_(frequencies(size.fftnx, -size.fftnx)),
         v_(frequencies(size.fftny, size.fftny)),
@@ -154,7 +154,7 @@ class SpectrumFilter {
     if (chosen_.kind == response_kind::complex) {
       chosen_.complex_row(parameters_, u_, v_[j], complex_);
       const complex_response sum =
-          apply_complex(row, u_.size(), divisor_, complex_.data(), input_.data(), output_.data());
+          apply_complex(row, u_.size(), share_, complex_.data(), input_.data(), output_.data());
       sum_ = sum_ + sum;
       return;
     }
@@ -165,7 +165,7 @@ class SpectrumFilter {
         chosen_.real_row(parameters_, u_, v_[j], real_);
       }
     }
-    apply_real(row, u_.size(), divisor_, real_.data(), input_.data(), output_.data());
+    apply_real(row, u_.size(), share_, real_.data(), input_.data(), output_.data());
   }
 
   // Makes the response of the opposite row from that of a row: the elements in turned order, but
@@ -193,7 +193,7 @@ class SpectrumFilter {
 
   const response& chosen_;
   const filter_parameters& parameters_;
-  float divisor_;
+  float share_;
   PowerSpectrum& power_;
   std::vector<double> u_;
   std::vector<double> v_;
@@ -213,9 +213,11 @@ void fftrsp(bool Normalise, fft_size size, std::int32_t filter, filter_parameter
             std::span<float> array, PowerSpectrum& power) {
   power.clear();
   const response& chosen = response_of(traits_of(filter).response);
-  const float divisor =
-      Normalise ? static_cast<float>(std::int64_t{size.fftnx} * size.fftny) : 1.0F;
-  const complex_response sum = SpectrumFilter(size, chosen, parameters, divisor, power).work(array);
+  // The number of elements is a power of two: its reciprocal is exact, and a product with it is
+  // the quotient to the bit.
+  const float share =
+      Normalise ? 1.0F / static_cast<float>(std::int64_t{size.fftnx} * size.fftny) : 1.0F;
+  const complex_response sum = SpectrumFilter(size, chosen, parameters, share, power).work(array);
   if (chosen.balanced) {
     array[0] = static_cast<float>(-sum.re);
     array[1] = static_cast<float>(-sum.im);

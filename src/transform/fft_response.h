@@ -9,10 +9,11 @@
 
 namespace velmorankite {
 
-// A two-dimensional array of complex numbers, real part first, columns fastest.
+// A two-dimensional array of complex numbers, real part first, columns fastest. Both sizes are
+// powers of two.
 struct fft_size {
-  std::int32_t fftnx = 0;  // columns, at least 1
-  std::int32_t fftny = 0;  // rows, at least 1
+  std::int32_t fftnx = 0;  // columns
+  std::int32_t fftny = 0;  // rows
 };
 
 // Multiplies a spectrum by the response of a filter and sums up its power before and behind it.

@@ -54,10 +54,14 @@ class RespAppSusc {
         depth_(static_cast<double>(p.Par2)),
         field_(static_cast<double>(p.Par3)) {}
 
-  double operator()(double u, double v) const {
-    return std::exp(depth_ * (TwoPi * radius(u, v))) * sinc(side_ * u) * sinc(side_ * v) / field_ /
-           TwoPi;
+  // The response along a row, with what depends on v alone worked out.
+  [[nodiscard]] auto row(double v) const {
+    return [this, v, along_y = sinc(side_ * v)](double u) {
+      return std::exp(depth_ * (TwoPi * radius(u, v))) * sinc(side_ * u) * along_y / field_ / TwoPi;
+    };
   }
+
+  double operator()(double u, double v) const { return row(v)(u); }
 
  private:
   [[nodiscard]] static double sinc(double x) {

@@ -126,10 +126,12 @@ class RespIntegZ {
   explicit RespIntegZ(const filter_parameters& p)
       : power_(p), ramped_(is_cutoff(p.LoCut)), corner_(static_cast<double>(p.LoCut * 0.125F)) {}
 
-  double operator()(double u, double v) const {
-    const double r = radius(u, v);
+  double operator()(double u, double v) const { return of_power(radius(u, v), power_(u, v)); }
+
+  // The same from the radius and the power of the wavenumber that is integrated over.
+  [[nodiscard]] double of_power(double r, double power) const {
     if (r < tiny_frequency) return ramped_ ? 0.0 : 1.0;
-    const double integral = 1.0 / power_(u, v);
+    const double integral = 1.0 / power;
     return ramped_ && r < corner_ ? integral * std::max(0.0, 1.0 - (corner_ - r) / corner_)
                                   : integral;
   }

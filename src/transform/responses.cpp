@@ -15,8 +15,15 @@ template <typename Response>
 void real_row(const filter_parameters& parameters, std::span<const double> u, double v,
               std::span<double> out) {
   const Response value(parameters);
-  for (std::size_t i = 0; i < u.size(); ++i) {
-    out[i] = value(u[i], v);
+  if constexpr (requires { value.row(v); }) {
+    const auto value_in_row = value.row(v);
+    for (std::size_t i = 0; i < u.size(); ++i) {
+      out[i] = value_in_row(u[i]);
+    }
+  } else {
+    for (std::size_t i = 0; i < u.size(); ++i) {
+      out[i] = value(u[i], v);
+    }
   }
 }
 
@@ -33,7 +40,10 @@ void complex_row(const filter_parameters& parameters, std::span<const double> u,
 class RespDerivZOfIntegZ {
  public:
   explicit RespDerivZOfIntegZ(const filter_parameters& p) : derivative_(p), integral_(p) {}
-  double operator()(double u, double v) const { return derivative_(u, v) * integral_(u, v); }
+  double operator()(double u, double v) const {
+    const double power = derivative_(u, v);
+    return power * integral_.of_power(radius(u, v), power);
+  }
 
  private:
   RespDerivZ derivative_;
