@@ -14,6 +14,7 @@
 #include "grid/cell_interpolation.h"
 #include "grid/grid_rows.h"
 #include "platform/binary_file.h"
+#include "transform/transform_driver.h"
 
 namespace velmorankite::bench {
 namespace {
@@ -43,12 +44,9 @@ void sample(Arguments arguments) {
   platform::BinaryFile out(arguments[2], platform::open_mode::create);
   OUTPUT_GEOSOFT_HEADER(out, float_grid_header(lattice));
   const auto width = static_cast<std::size_t>(lattice.x_count);
-  std::vector<double> x(width);
+  const std::vector<double> x = x_of_columns(lattice);
   std::vector<double> y(width);
   std::vector<float> values(width);
-  for (std::int32_t column = 1; column <= lattice.x_count; ++column) {
-    x[static_cast<std::size_t>(column - 1)] = lattice.x(column);
-  }
   for (std::int32_t row = 1; row <= lattice.y_count; ++row) {
     std::fill(y.begin(), y.end(), lattice.y(row));
     std::int32_t mode = 1;
@@ -70,6 +68,25 @@ void fill(Arguments arguments) {
       "GRID_FILL");
 }
 
+// IN DISTANCE OUT: a grid upwards by a distance in map units, by the FFT in memory.
+void continue_upwards(Arguments arguments) {
+  constexpr std::int32_t continuation = 101;
+  constexpr std::int32_t width = 11;  // a margin of 34 cells
+  constexpr std::int32_t mean_off = 2;
+  transform_request request;
+  request.in_grid = arguments[0];
+  request.grid = describe(arguments[0]);
+  request.out_grid = arguments[2];
+  request.filter = continuation;
+  request.pad_width = width;
+  request.filter_width = width;
+  request.detrend = mean_off;
+  request.fft_mode = fft_mode_memory;
+  request.real_par = {std::stof(arguments[1])};
+  transform_range range;
+  require(TRSD(request, range), "TRSD");
+}
+
 struct Routine {
   std::string_view name;
   std::size_t argument_count;
@@ -77,6 +94,7 @@ struct Routine {
 };
 
 constexpr Routine routines[] = {
+    {"continue", 3, continue_upwards},
     {"fill", 2, fill},
     {"sample", 3, sample},
 };

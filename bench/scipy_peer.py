@@ -1,0 +1,83 @@
+# The spectral work of Velmorankite as a script in NumPy and SciPy would do it, for bench/compare:
+#   scipy_peer.py continue IN OUT CELLS        a standard grid upwards by some cells
+#   scipy_peer.py merge ONE TWO LINE OUT CELLS BLEND   two grids joined along a DXF line: nearest
+#       fill of the mismatch, continuation of it by CELLS, feathering over BLEND cells
+# Grids are standard grids of 4-byte floats on one lattice. SPDX-License-Identifier: MIT
+import struct
+import sys
+
+import numpy as np
+import scipy.fft
+import scipy.ndimage
+
+HEADER = 512
+SIDE = 4096  # of the transform
+
+
+def read_grid(path):
+    with open(path, "rb") as file:
+        header = file.read(HEADER)
+        cells = np.fromfile(file, np.float32)
+    columns, rows = struct.unpack("<ii", header[8:16])
+    return header, cells.reshape(rows, columns)
+
+
+def write_grid(path, header, cells):
+    with open(path, "wb") as file:
+        file.write(header)
+        cells.astype(np.float32, copy=False).tofile(file)
+
+
+def continued(cells, distance):
+    """The cells at a height of `distance` cells, in single precision."""
+    mean = cells.mean(dtype=np.float64).astype(np.float32)
+    margin = [((SIDE - n) // 2, SIDE - n - (SIDE - n) // 2) for n in cells.shape]
+    padded = np.pad(cells - mean, margin)
+    spectrum = scipy.fft.rfft2(padded, overwrite_x=True)
+    u = scipy.fft.rfftfreq(SIDE).astype(np.float32)
+    v = scipy.fft.fftfreq(SIDE).astype(np.float32)
+    spectrum *= np.exp(np.float32(-2.0 * np.pi * distance) * np.hypot(u[None, :], v[:, None]))
+    padded = scipy.fft.irfft2(spectrum, padded.shape, overwrite_x=True)
+    inside = tuple(slice(before, SIDE - after) for before, after in margin)
+    return padded[inside] + mean
+
+
+def read_line(path):
+    """Vertices of the one polyline, in map units."""
+    words = open(path).read().split("\n")
+    values = {"10": [], "20": []}
+    for code, value in zip(words, words[1:]):
+        if code.strip() in values:
+            values[code.strip()].append(float(value))
+    return np.array(values["10"]), np.array(values["20"])
+
+
+def merged(one, two, line, distance, blend):
+    """Grid 1 left of a line that goes up the rows, grid 2 right of it, and the drift taken off."""
+    rows = np.arange(one.shape[0])
+    columns = np.interp(rows, line[1], line[0])
+    on_line = np.zeros(one.shape, bool)
+    on_line[rows, np.clip(np.rint(columns).astype(int), 0, one.shape[1] - 1)] = True
+    has_1, has_2 = one > -1.0e30, two > -1.0e30
+    away, nearest = scipy.ndimage.distance_transform_edt(~(on_line & has_1 & has_2), return_indices=True)
+    correction = continued((one - two)[nearest[0], nearest[1]], distance)
+    right = np.arange(one.shape[1])[None, :] > columns[:, None]
+    share = np.where(right, np.clip(1.0 - away / blend, 0.0, 1.0), 1.0).astype(np.float32)
+    blend = share * one + (1.0 - share) * (two + correction)
+    return np.where(has_1 & has_2, blend, np.where(has_1, one, two))
+
+
+def main(words):
+    if words[0] == "continue":
+        header, cells = read_grid(words[1])
+        write_grid(words[2], header, continued(cells, float(words[3])))
+    else:
+        header, one = read_grid(words[1])
+        two = read_grid(words[2])[1]
+        cell, x_min, y_min = struct.unpack("<d", header[20:28])[0], *struct.unpack("<dd", header[36:52])
+        x, y = read_line(words[3])
+        line = ((x - x_min) / cell, (y - y_min) / cell)
+        write_grid(words[4], header, merged(one, two, line, float(words[5]), float(words[6])))
+
+
+main(sys.argv[1:])
