@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "condition/level_build.h"
-#include "condition/level_interpolation.h"
 #include "grid/dummy.h"
 
 namespace velmorankite {

@@ -7,7 +7,7 @@
 #include <span>
 #include <vector>
 
-#include "condition/halving_columns.h"
+#include "condition/level_interpolation.h"
 #include "condition/level_rows.h"
 #include "condition/level_store.h"
 #include "grid/lattice.h"

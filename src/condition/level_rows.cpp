@@ -21,28 +21,22 @@ void input_placement::blank_margin(std::span<float> cells) const {
   std::ranges::fill(cells.subspan(ahead + static_cast<std::size_t>(layout.x_count)), dummy);
 }
 
-void InputReader::read(std::int32_t row, std::span<float> cells) {
-  if (!placement_.has_row(row)) {
+void read_input_row(const platform::BinaryFile& file, const input_placement& placement,
+                    std::int32_t row, std::span<float> cells) {
+  if (!placement.has_row(row)) {
     std::ranges::fill(cells, dummy);
     return;
   }
-  placement_.blank_margin(cells);
-  std::ranges::copy(blocks_.row(row - placement_.row_offset), placement_.covered(cells).begin());
+  placement.blank_margin(cells);
+  read_row(file, placement.layout, row - placement.row_offset, placement.covered(cells));
 }
 
 std::span<float> InputRows::row(std::int32_t row) {
   const RowCache::entry entry = cache_.find(row);
   if (!entry.present) {
-    input_.read(row, entry.cells);
+    read_input_row(file_, placement_, row, entry.cells);
   }
   return entry.cells;
-}
-
-std::span<float> LoadedRows::row(std::int32_t row) {
-  for (; loaded_ < row; ++loaded_) {
-    input_.read(loaded_ + 1, rows_.row(loaded_ + 1));
-  }
-  return rows_.row(row);
 }
 
 }  // namespace velmorankite

@@ -8,7 +8,6 @@
 
 #include "grid/grid_rows.h"
 #include "grid/lattice.h"
-#include "grid/row_blocks.h"
 #include "platform/binary_file.h"
 
 namespace velmorankite {
@@ -91,18 +90,9 @@ struct input_placement {
   void blank_margin(std::span<float> cells) const;
 };
 
-// Reads rows of the working lattice from the input; what the input does not cover is dummy.
-class InputReader {
- public:
-  InputReader(const platform::BinaryFile& file, const input_placement& placement)
-      : placement_(placement), blocks_(file, placement.layout) {}
-
-  void read(std::int32_t row, std::span<float> cells);
-
- private:
-  input_placement placement_;
-  RowBlockReader blocks_;
-};
+// Reads one row of the working lattice from the input; what the input does not cover is dummy.
+void read_input_row(const platform::BinaryFile& file, const input_placement& placement,
+                    std::int32_t row, std::span<float> cells);
 
 // Level 0 of a grid too large for memory: its rows come from the input file, which is never
 // written, every time that they are asked for.
@@ -110,29 +100,14 @@ class InputRows final : public LevelRows {
  public:
   InputRows(const Lattice& lattice, const platform::BinaryFile& file,
             const input_placement& placement)
-      : LevelRows(lattice), input_(file, placement), cache_(width()) {}
+      : LevelRows(lattice), file_(file), placement_(placement), cache_(width()) {}
 
   std::span<float> row(std::int32_t row) override;
 
  private:
-  InputReader input_;
+  const platform::BinaryFile& file_;
+  input_placement placement_;
   RowCache cache_;
-};
-
-// Level 0 from the input file, held in an array that outlives it: a row is read when it, or one
-// above it, is first asked for, so that the first pass over the level finds it in the cache.
-class LoadedRows final : public LevelRows {
- public:
-  LoadedRows(const Lattice& lattice, const platform::BinaryFile& file,
-             const input_placement& placement, std::span<float> cells)
-      : LevelRows(lattice), input_(file, placement), rows_(lattice, cells) {}
-
-  std::span<float> row(std::int32_t row) override;
-
- private:
-  InputReader input_;
-  MemoryRows rows_;
-  std::int32_t loaded_ = 0;
 };
 
 }  // namespace velmorankite

@@ -10,7 +10,6 @@
 #include "condition/fill_pyramid.h"
 #include "grid/dummy.h"
 #include "grid/grid_rows.h"
-#include "grid/row_blocks.h"
 #include "platform/large_array.h"
 #include "platform/scratch_file.h"
 
@@ -79,7 +78,10 @@ base_level level_from_file(const BinaryFile& file, const Lattice& lattice,
   if (lattice.cell_count() <= storage.most_cells_in_memory) {
     try {
       level.cells = platform::LargeArray<float>(static_cast<std::size_t>(lattice.cell_count()));
-      level.rows = std::make_unique<LoadedRows>(lattice, file, placement, level.cells.span());
+      level.rows = std::make_unique<MemoryRows>(lattice, level.cells.span());
+      for (std::int32_t row = 1; row <= lattice.y_count; ++row) {
+        read_input_row(file, placement, row, level.rows->row(row));
+      }
       return level;
     } catch (const std::bad_alloc&) {
       // Read by rows, as one that is too large.
@@ -107,10 +109,10 @@ std::int64_t write_new_grid(FillPyramid& pyramid, const fill_request& request,
   header.stat_min = request.minimum;
   header.stat_max = request.maximum;
   OUTPUT_GEOSOFT_HEADER(output.file(), header);
-  RowBlockWriter rows(output.file(), {sense, lattice.x_count, lattice.y_count});
-  const std::int64_t filled = pyramid.fill(
-      [&rows](std::int32_t row, std::span<const float> cells) { rows.write(row, cells); });
-  rows.finish();
+  const RowLayout layout{sense, lattice.x_count, lattice.y_count};
+  const std::int64_t filled = pyramid.fill([&](std::int32_t row, std::span<const float> cells) {
+    write_row(output.file(), layout, row, cells);
+  });
   output.commit();
   return filled;
 }
@@ -128,13 +130,12 @@ std::int64_t fill_in_place(FillPyramid& pyramid, const BinaryFile& input,
                                           static_cast<std::int64_t>(sizeof(float)) *
                                           placement.layout.y_count;
   copy_bytes(input, output.file(), 1, placement.layout.header_bytes + 1);
-  RowBlockWriter rows(output.file(), placement.layout);
   const std::int64_t filled = pyramid.fill([&](std::int32_t row, std::span<const float> cells) {
     if (placement.has_row(row)) {
-      rows.write(row - placement.row_offset, placement.covered(cells));
+      write_row(output.file(), placement.layout, row - placement.row_offset,
+                placement.covered(cells));
     }
   });
-  rows.finish();
   copy_bytes(input, output.file(), cells_end + 1, input.size() + 1);
   output.commit();
   fs::permissions(output.target(), permissions, ignored);
@@ -177,6 +178,10 @@ Status fill_levels(std::span<float> cells, const Lattice& lattice, std::int64_t&
   if (lattice.x_count < fewest_nodes || lattice.y_count < fewest_nodes ||
       std::ssize(cells) < lattice.cell_count()) {
     return fill_impossible;
+  }
+  cells = cells.first(static_cast<std::size_t>(lattice.cell_count()));
+  if (std::ranges::all_of(cells, is_valid)) {
+    return success;
   }
   MemoryRows level_0(lattice, cells);
   FillPyramid pyramid(level_0, {});

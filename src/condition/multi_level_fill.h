@@ -47,7 +47,8 @@ Status GRDMIPMAP(const fill_request& request, std::int64_t& filled_count,
                  std::int64_t most_cells_in_memory = while_memory_lasts);
 
 // The same fill for a grid in memory: `cells` holds the rows of `lattice`, the lowest first, and
-// keeps its blanks on fill_impossible.
+// keeps its blanks on fill_impossible. A grid without a blank costs a look at its cells; nothing
+// is then filled on any level.
 Status fill_levels(std::span<float> cells, const Lattice& lattice, std::int64_t& filled_count);
 
 }  // namespace velmorankite

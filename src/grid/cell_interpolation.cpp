@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <utility>
 
 #include "formats/text_helpers.h"
 #include "grid/dummy.h"
@@ -28,6 +29,12 @@ CellInterpolator::CellInterpolator(const std::filesystem::path& path, const grid
 CellInterpolator::CellInterpolator(std::span<const float> cells, const grid_description& grid,
                                    std::int32_t mode)
     : rows_(cells, grid, mode), x_axis_(x_axis(grid)), y_axis_(y_axis(grid)), mode_(mode) {}
+
+CellInterpolator::CellInterpolator(const Lattice& lattice, CellRows::row_source rows)
+    : rows_(std::move(rows), lattice.x_count, lattice.y_count),
+      x_axis_(x_axis(lattice)),
+      y_axis_(y_axis(lattice)),
+      mode_(1) {}
 
 void CellInterpolator::points(std::span<const double> x, std::span<const double> y,
                               std::span<float> values) {

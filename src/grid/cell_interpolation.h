@@ -39,6 +39,8 @@ class CellInterpolator {
   // Cells in memory, as CellRows takes them.
   CellInterpolator(std::span<const float> cells, const grid_description& grid,
                    std::int32_t mode = 1);
+  // Rows of a lattice from whoever holds them, as CellRows takes them.
+  CellInterpolator(const Lattice& lattice, CellRows::row_source rows);
 
   // Values at the points (x[i], y[i]), in map units. All three are of one length.
   void points(std::span<const double> x, std::span<const double> y, std::span<float> values);

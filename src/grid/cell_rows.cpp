@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <utility>
 
 #include "grid/dummy.h"
 #include "grid/value_transform.h"
@@ -17,7 +18,17 @@ CellRows::CellRows(const std::filesystem::path& path, const grid_description& gr
 }
 
 CellRows::CellRows(std::span<const float> cells, const grid_description& grid, std::int32_t mode)
-    : memory_(cells), layout_(layout_of(grid)), mode_(mode) {}
+    : layout_(layout_of(grid)), mode_(mode) {
+  source_ = [cells, layout = layout_](std::int32_t row) {
+    const std::int32_t stored =
+        layout.storage_sense == sense_top_down ? layout.y_count - row : row - 1;
+    const auto width = static_cast<std::size_t>(layout.x_count);
+    return cells.subspan(static_cast<std::size_t>(stored) * width, width);
+  };
+}
+
+CellRows::CellRows(row_source source, std::int32_t x_count, std::int32_t y_count)
+    : source_(std::move(source)), layout_{sense_bottom_up, x_count, y_count}, mode_(1) {}
 
 const float* CellRows::stretch(std::int64_t row, std::int32_t first, std::int32_t last,
                                std::int32_t spare) {
@@ -61,12 +72,8 @@ void CellRows::read_cells(std::int32_t row, std::int32_t first, std::span<float>
     file_.read_values(layout_.position(row) + ahead, cells);
     return;
   }
-  const std::int32_t stored =
-      layout_.storage_sense == sense_top_down ? layout_.y_count - row : row - 1;
-  const std::size_t index =
-      static_cast<std::size_t>(stored) * static_cast<std::size_t>(layout_.x_count) +
-      static_cast<std::size_t>(first - 1);
-  std::ranges::copy(memory_.subspan(index, cells.size()), cells.begin());
+  const auto ahead = static_cast<std::size_t>(first - 1);
+  std::ranges::copy(source_(row).subspan(ahead, cells.size()), cells.begin());
 }
 
 bool holds_cells(std::span<const float> cells, const grid_description& grid) noexcept {

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <span>
 
 #include "formats/grid_description.h"
@@ -24,6 +25,10 @@ class CellRows {
   // Cells in memory, row by row: the lowest Y first, for storage sense -2 the highest. They must
   // outlive this object; holds_cells must hold for them.
   CellRows(std::span<const float> cells, const grid_description& grid, std::int32_t mode);
+  // Cells as they are, of whoever gives whole rows, from 1 at the lowest Y. A row need not last
+  // beyond the next one that is asked for.
+  using row_source = std::function<std::span<const float>(std::int32_t row)>;
+  CellRows(row_source source, std::int32_t x_count, std::int32_t y_count);
 
   // The cells of columns first to last of a row. Rows and columns count from 1; those off the
   // lattice hold dummies. Valid until a row is asked for that lies a multiple of four rows away,
@@ -44,8 +49,8 @@ class CellRows {
   void fill(std::int64_t row, slot& kept) const;
   void read_cells(std::int32_t row, std::int32_t first, std::span<float> cells) const;
 
-  platform::BinaryFile file_;      // open in file mode
-  std::span<const float> memory_;  // used when it is not
+  platform::BinaryFile file_;  // open in file mode
+  row_source source_;          // used when it is not
   RowLayout layout_;
   std::int32_t mode_;
   std::array<slot, 4> slots_;

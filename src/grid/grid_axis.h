@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "formats/grid_description.h"
+#include "grid/lattice.h"
 
 namespace velmorankite {
 
@@ -66,6 +67,18 @@ struct GridAxis {
   const grid_reals& reals = grid.reals;
   return {reals.y_min, reals.y_min - reals.y_cell / 2.0, reals.y_max + reals.y_cell / 2.0,
           reals.y_cell, grid.ints.y_count};
+}
+
+[[nodiscard]] constexpr GridAxis x_axis(const Lattice& lattice) noexcept {
+  const double half = lattice.x_cell / 2.0;
+  return {lattice.x_min, lattice.x_min - half, lattice.x(lattice.x_count) + half, lattice.x_cell,
+          lattice.x_count};
+}
+
+[[nodiscard]] constexpr GridAxis y_axis(const Lattice& lattice) noexcept {
+  const double half = lattice.y_cell / 2.0;
+  return {lattice.y_min, lattice.y_min - half, lattice.y(lattice.y_count) + half, lattice.y_cell,
+          lattice.y_count};
 }
 
 }  // namespace velmorankite
