@@ -87,12 +87,10 @@ TEST_F(PaddedGrid, the_header_tells_a_later_run_what_it_was_made_with) {
   const grid_description grid = describe(folder / "pad.grd");
   EXPECT_EQ(grid.ints.storage_sense, -2);
   EXPECT_EQ(grid.ints.band_select, 1);
-  EXPECT_EQ(grid.reals.x_min, 370.0);
-  EXPECT_EQ(grid.reals.y_min, 835.0);
-  EXPECT_EQ(grid.reals.z_min, 0.25);
-  EXPECT_EQ(grid.reals.z_max, -0.5);
-  EXPECT_EQ(grid.reals.z_mid, 41.0);
-  EXPECT_EQ(grid.reals.z_spread, 44.0);
+  const grid_reals& reals = grid.reals;
+  EXPECT_EQ((std::vector<double>{reals.x_min, reals.y_min, reals.z_min, reals.z_max, reals.z_mid,
+                                 reals.z_spread}),
+            (std::vector<double>{370.0, 835.0, 0.25, -0.5, 41.0, 44.0}));
 }
 
 TEST_F(PaddedGrid, held_by_rows_it_is_the_same_to_the_bit) {

@@ -1,47 +1,25 @@
 // SPDX-License-Identifier: MIT
 #include "condition/plain_fill.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
+#include <span>
 
 #include "grid/cell_interpolation.h"
-#include "grid/cell_position.h"
 #include "grid/dummy.h"
 
 namespace velmorankite::testing {
 namespace {
 
-grid_description description_of(const Lattice& lattice) {
-  grid_description grid;
-  grid.ints.data_offset = standard_header_bytes;
-  grid.ints.element_code = 4;
-  grid.ints.storage_sense = sense_bottom_up;
-  grid.ints.x_count = lattice.x_count;
-  grid.ints.y_count = lattice.y_count;
-  grid.reals.x_min = lattice.x_min;
-  grid.reals.y_min = lattice.y_min;
-  grid.reals.x_cell = lattice.x_cell;
-  grid.reals.y_cell = lattice.y_cell;
-  grid.reals.x_max = lattice.x(lattice.x_count);
-  grid.reals.y_max = lattice.y(lattice.y_count);
-  return grid;
-}
-
-plain_level interpolated(const plain_level& from, const Lattice& lattice) {
-  const auto width = static_cast<std::size_t>(lattice.x_count);
-  std::vector<double> x(width);
-  for (std::size_t i = 0; i < width; ++i) {
-    x[i] = lattice.x(static_cast<std::int32_t>(i) + 1);
-  }
-  plain_level level{lattice, std::vector<float>(static_cast<std::size_t>(lattice.cell_count()))};
+plain_level interpolated(plain_level from, const Lattice& lattice) {
+  const auto width = static_cast<std::size_t>(from.lattice.x_count);
+  plain_level level{lattice, {}};
+  CellInterpolator nodes(from.lattice, [&](std::int32_t row) {
+    return std::span<const float>(&from.at(1, row), width);
+  });
   for (std::int32_t row = 1; row <= lattice.y_count; ++row) {
-    const std::vector<double> y(width, lattice.y(row));
-    std::int32_t mode = 1;
-    const Status status = GEO_CELL_INTERPOLATION(
-        1, "", description_of(from.lattice), from.cells, mode, lattice.x_count, x, y,
-        std::span(level.cells).subspan(static_cast<std::size_t>(row - 1) * width, width));
-    EXPECT_EQ(status, success);
+    std::vector<float> values(static_cast<std::size_t>(lattice.x_count));
+    nodes.row(x_of_columns(lattice), lattice.y(row), values);
+    level.cells.insert(level.cells.end(), values.begin(), values.end());
   }
   return level;
 }
@@ -64,37 +42,39 @@ facts facts_of(const plain_level& level) {
   return result;
 }
 
-// Extends the data along every column, then along every row, from the ends it had at the start.
+// Extends the data of one line of nodes, from the ends it had at the start.
+void extend_line(int count, int reach, const auto& source, const auto& target) {
+  int first = count;
+  int last = 1;
+  for (int i = 1; i <= count; ++i) {
+    if (is_valid(source(i))) {
+      first = std::min(first, i);
+      last = std::max(last, i);
+    }
+  }
+  for (int step = 1; step <= reach; ++step) {
+    if (first > step && first < count) {
+      target(first - step) = source(first);
+    }
+    if (last > 1 && last + step <= count) {
+      target(last + step) = source(last);
+    }
+  }
+}
+
+// Along every column, then along every row.
 void extend(plain_level& level, int reach) {
   plain_level before = level;
   const int columns = level.lattice.x_count;
   const int rows = level.lattice.y_count;
-  const auto along = [reach](int count, const auto& source, const auto& target) {
-    int first = count;
-    int last = 1;
-    for (int i = 1; i <= count; ++i) {
-      if (is_valid(source(i))) {
-        first = std::min(first, i);
-        last = std::max(last, i);
-      }
-    }
-    for (int step = 1; step <= reach; ++step) {
-      if (first > step && first < count) {
-        target(first - step) = source(first);
-      }
-      if (last > 1 && last < count && last + step <= count) {
-        target(last + step) = source(last);
-      }
-    }
-  };
   for (int c = 1; c <= columns; ++c) {
-    along(
-        rows, [&](int r) { return before.at(c, r); },
+    extend_line(
+        rows, reach, [&](int r) { return before.at(c, r); },
         [&](int r) -> float& { return level.at(c, r); });
   }
   for (int r = 1; r <= rows; ++r) {
-    along(
-        columns, [&](int c) { return before.at(c, r); },
+    extend_line(
+        columns, reach, [&](int c) { return before.at(c, r); },
         [&](int c) -> float& { return level.at(c, r); });
   }
 }

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
+#include <utility>
 
 #include "grid/dummy.h"
 
@@ -34,10 +34,12 @@ TEST(ValueTransform, each_branch_begins_where_its_formula_does) {
 
 TEST(ValueTransform, restoring_gives_back_what_was_transformed) {
   for (const float z : {1.0e-6F, 0.5F, 1.0F, 1.5F, 250.0F, 1.0e8F}) {
-    const float tolerance = z * 1.0e-5F;
-    EXPECT_NEAR(restore_value(2, transform_value(2, z)), z, tolerance);
-    EXPECT_NEAR(restore_value(3, transform_value(3, z)), z, tolerance);
-    EXPECT_NEAR(restore_value(3, transform_value(3, -z)), -z, tolerance);
+    for (const auto& [mode, given] : {std::pair(2, z), std::pair(3, z), std::pair(3, -z)}) {
+      float value = given;
+      GRDZTRANS(mode, value, 0);
+      GRDZTRANS(mode, value, -3);
+      EXPECT_NEAR(value, given, z * 1.0e-5F);
+    }
   }
   EXPECT_EQ(restore_value(2, transform_value(2, -5.0F)), std::exp(-18.0F));
   EXPECT_EQ(restore_value(1, 3.0F), 3.0F);
@@ -45,25 +47,15 @@ TEST(ValueTransform, restoring_gives_back_what_was_transformed) {
 
 TEST(ValueTransform, cells_without_data_pass_both_ways_unchanged) {
   for (const std::int32_t mode : {1, 2, 3}) {
-    for (const std::int32_t direction : {-1, 0, 1}) {
-      for (const float z : {dummy, valid_threshold, -std::numeric_limits<float>::infinity()}) {
+    for (const std::int32_t direction : {-1, 1}) {
+      for (const float z : {dummy, valid_threshold, std::nanf("")}) {
         float value = z;
         GRDZTRANS(mode, value, direction);
-        EXPECT_EQ(value, z);
+        EXPECT_TRUE(value == z || std::isnan(z));
+        EXPECT_FALSE(is_valid(value));
       }
-      float nan = std::numeric_limits<float>::quiet_NaN();
-      GRDZTRANS(mode, nan, direction);
-      EXPECT_TRUE(std::isnan(nan));
     }
   }
-}
-
-TEST(ValueTransform, the_sign_of_the_direction_tells_the_way) {
-  float value = 10.0F;
-  GRDZTRANS(2, value, 0);
-  EXPECT_EQ(value, std::log(10.0F));
-  GRDZTRANS(2, value, -3);
-  EXPECT_NEAR(value, 10.0F, 1.0e-5F);
 }
 
 }  // namespace
