@@ -55,8 +55,7 @@ fill_count LevelInterpolation::fill_row(std::int32_t row, bool complete, std::sp
   const AxisPlace place = y_axis_.place(y);
   const bool inside = y_axis_.contains(y) && place.base() >= 2 &&
                       place.base() + 2 <= nodes_.lattice().y_count && columns_.begin == 0 &&
-                      columns_.end == cells.size() && columns_.all_inside &&
-                      columns_.first_column >= 0;
+                      columns_.end == cells.size();
   if (complete && inside) {
     result.lost = fill_between(place, cells);
     return result;

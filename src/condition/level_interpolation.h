@@ -15,7 +15,7 @@ struct fill_count {
   std::int64_t lost = 0;    // of these, with a value that is not valid: only from an overflow
 };
 
-// The cell interpolation on one level at the nodes of another.
+// The cell interpolation on one level at the nodes of another; both have the same origin.
 class LevelInterpolation {
  public:
   // `nodes` must outlive the object and stay as they are meanwhile.
