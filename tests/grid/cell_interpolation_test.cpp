@@ -155,16 +155,5 @@ TEST(CellInterpolation, an_empty_nearest_cell_empties_the_point_and_no_other_hol
   }
 }
 
-TEST(CellInterpolation, the_logarithmic_mode_floors_what_has_no_logarithm) {
-  const float cells[] = {100.0F, 0.0F, -5.0F, dummy};
-  const SampledGrid grid({0.0, 0.0, 1.0, 1.0, 4, 1},
-                         [&](int column, int) { return cells[column - 1]; });
-  EXPECT_FLOAT_EQ(grid.at(0.0, 0.0, 2), 100.0F);
-  EXPECT_FLOAT_EQ(grid.at(1.0, 0.0, 2), std::exp(-18.0F));
-  EXPECT_FLOAT_EQ(grid.at(2.0, 0.0, 2), std::exp(-18.0F));
-  EXPECT_EQ(grid.at(3.0, 0.0, 2), dummy);
-  EXPECT_EQ(grid.at(2.0, 0.0, 3), -5.0F);
-}
-
 }  // namespace
 }  // namespace velmorankite
