@@ -10,7 +10,7 @@ namespace velmorankite {
 namespace {
 
 // Geopak: one 16-bit word that is no cell ahead of every 64 cells.
-constexpr std::int64_t geopak_stride(std::int64_t cells) {
+constexpr std::int64_t geopak_bytes(std::int64_t cells) {
   constexpr std::int64_t cells_per_group = 64;
   constexpr std::int64_t word = 2;
   return word * (cells + (cells - 1) / cells_per_group + 1);
@@ -30,10 +30,10 @@ stored_lines stored_lines_of(const grid_ints& ints) noexcept {
   lines.count = std::max(columns ? ints.x_count : ints.y_count, 0);
   lines.length = std::max(columns ? ints.y_count : ints.x_count, 0);
   if (ints.format_code == format_geopak) {
-    lines.stride = geopak_stride(lines.length);
+    lines.bytes = lines.stride = geopak_bytes(lines.length);
     return lines;
   }
-  lines.stride = std::abs(std::int64_t{ints.element_code}) * lines.length;
+  lines.bytes = lines.stride = std::abs(std::int64_t{ints.element_code}) * lines.length;
   if (frames_its_lines(ints.format_code)) {
     lines.stride += std::int64_t{ints.aux_1} + ints.aux_2;
   }

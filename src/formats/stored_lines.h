@@ -11,6 +11,7 @@ namespace velmorankite {
 struct stored_lines {
   std::int32_t count = 0;   // lines
   std::int32_t length = 0;  // cells a line
+  std::int64_t bytes = 0;   // of its cells, Geopak's extra words among them
   std::int64_t stride = 0;  // bytes from the start of one line to the start of the next
 };
 

@@ -34,6 +34,10 @@ class TextReader {
 
   // Number of the line read last, from 1; 0 before the first.
   [[nodiscard]] std::int64_t line_number() const noexcept { return line_number_; }
+  // File position, from 1, of what follows that line.
+  [[nodiscard]] std::int64_t position() const noexcept {
+    return position_ - static_cast<std::int64_t>(limit_ - begin_);
+  }
   [[nodiscard]] const std::filesystem::path& path() const noexcept { return file_.path(); }
 
  private:
