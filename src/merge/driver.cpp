@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <string>
 
+#include "formats/convert_grid.h"
 #include "formats/describe_grid.h"
 #include "grid/cell_position.h"
 #include "grid/standard_header.h"
@@ -46,15 +47,6 @@ struct prepared_grid {
   platform::ScratchFile converted;
 };
 
-// What the stitch reads in place: its rows must be those of the lattice, its cells true values.
-bool is_read_in_place(const grid_description& grid) {
-  return is_plain_standard(grid.ints) && grid.ints.element_code == sizeof(float) &&
-         grid.ints.element_kind == kind_float &&
-         (grid.ints.storage_sense == sense_bottom_up ||
-          grid.ints.storage_sense == sense_top_down) &&
-         grid.reals.z_base == 0.0 && grid.reals.z_mult == 1.0;
-}
-
 // One run, step by step. A step that gives nothing or false has said why the run stops.
 class MergeRun {
  public:
@@ -66,7 +58,8 @@ class MergeRun {
   [[nodiscard]] std::optional<prepared_grid> prepare(int number,
                                                      const std::filesystem::path& path) const;
   bool describe(const std::filesystem::path& path, grid_description& grid) const;
-  bool convert(const std::filesystem::path& path, prepared_grid& prepared) const;
+  bool convert(const std::filesystem::path& path, std::string_view stem,
+               prepared_grid& prepared) const;
   void report(int number, const grid_description& grid) const;
   bool read_line(const std::filesystem::path& path, double minimum_distance,
                  stitch_line& line) const;
@@ -99,18 +92,16 @@ bool MergeRun::describe(const std::filesystem::path& path, grid_description& gri
 }
 
 // Puts a standard grid with the cells of `path` in place of `prepared`.
-bool MergeRun::convert(const std::filesystem::path& path, prepared_grid& prepared) const {
-  const grid_description& grid = prepared.grid.description;
-  remark(path,
-         "only plain standard grids can be read yet: 4-byte floats by rows, z_base 0 and "
-         "z_mult 1; found are format " +
-             std::to_string(grid.ints.format_code) + ", element code " +
-             std::to_string(grid.ints.element_code) + ", kind " +
-             std::to_string(grid.ints.element_kind) + ", storage sense " +
-             std::to_string(grid.ints.storage_sense) + ", z_base " +
-             std::to_string(grid.reals.z_base) + " and z_mult " +
-             std::to_string(grid.reals.z_mult));
-  return false;
+bool MergeRun::convert(const std::filesystem::path& path, std::string_view stem,
+                       prepared_grid& prepared) const {
+  const Status status =
+      convert_to_scratch(path.string(), stem, prepared.grid.description, prepared.converted);
+  if (status.failed()) {
+    remark(path, words_of_conversion(status));
+    return false;
+  }
+  prepared.grid.path = prepared.converted.path();
+  return true;
 }
 
 std::optional<prepared_grid> MergeRun::prepare(int number,
@@ -122,7 +113,7 @@ std::optional<prepared_grid> MergeRun::prepare(int number,
   if (!is_read_in_place(prepared.grid.description)) {
     const std::string file = "the input grid file " + std::to_string(number);
     say("Convert " + file + " to standard Geosoft");
-    if (!convert(path, prepared)) {
+    if (!convert(path, "~grd" + std::to_string(number) + "cnv", prepared)) {
       say("Failed to read " + file);
       return std::nullopt;
     }

@@ -8,10 +8,12 @@
 #include <string>
 
 #include "condition/multi_level_fill.h"
+#include "formats/convert_grid.h"
 #include "grid/scratch_names.h"
 #include "platform/file_tests.h"
 #include "platform/io_error.h"
 #include "platform/padded_text.h"
+#include "platform/scratch_file.h"
 #include "transform/convolution_road.h"
 #include "transform/derived_maps.h"
 #include "transform/log_line.h"
@@ -31,6 +33,7 @@ struct transform_run {
   filter_parameters& parameters;
   transform_range& range;
   transform_input input{};
+  platform::ScratchFile converted{};  // holds the input where it had to be converted
   reuse_names saved{};
   fft_geometry geometry{};
   padded_grid_facts facts{};
@@ -192,10 +195,13 @@ Status run_filter(transform_run& run) {
     return status;
   }
   run.input = {std::string(platform::without_padding(run.request.in_grid)), run.request.grid};
-  if (!is_plain_standard(run.request.grid.ints)) {
+  if (!is_read_in_place(run.input.grid)) {
     run.log.line("Convert the input grid file to standard Geosoft");
-    run.log.line("Failed to read the input grid file");
-    return transform_conversion_failed;
+    if (convert_to_scratch(run.input.path, "~grdcnv", run.input.grid, run.converted).failed()) {
+      run.log.line("Failed to read the input grid file");
+      return transform_conversion_failed;
+    }
+    run.input.path = run.converted.path().string();
   }
   return run.request.filter == filter_hole_fill ? fill_holes(run) : filter_grid(run);
 }

@@ -227,6 +227,32 @@ std::function<void(MergeFolder&)> put(const std::string& file, std::size_t offse
   };
 }
 
+// Grid 2 as a text grid with its first `rows` rows, and the name of it in the definitions.
+void write_text_grid(MergeFolder& folder, const std::string& name, std::int32_t rows) {
+  std::string text =
+      "ncols 41\nnrows 31\ncellsize 10\nxllcenter 0\nyllcenter 0\nnodata_value -9999\n";
+  for (std::int32_t row = 31; row > 31 - rows; --row) {
+    for (std::int32_t column = 1; column <= 41; ++column) {
+      text += std::to_string(plane(column, row) - 12.5F) + " ";
+    }
+    text += "\n";
+  }
+  write_file(folder / name, text);
+  folder.define(3, name);
+}
+
+TEST_F(Merge, of_a_foreign_grid_gives_what_the_standard_grid_gives_and_no_scratch_stays) {
+  const std::vector<float> expected = merged();
+  write_text_grid(folder, "two.asc", 31);
+  EXPECT_EQ(first_difference(expected, merged()), "");
+  EXPECT_EQ(text.console,
+            joined({banner, start, report_1, "Convert the input grid file 2 to standard Geosoft\n",
+                    report_2(), ending}));
+  for (const std::string& name : folder.names()) {
+    EXPECT_NE(name.front(), '~') << name;
+  }
+}
+
 // A stop: what brings it about, what the console says behind the start, and the reason.
 struct stop {
   const char* what;
@@ -266,13 +292,10 @@ TEST(MergeStops, at_an_input_that_cannot_be_used_say_which) {
       {"grid 1 ends in its header",
        [](MergeFolder& f) { write_file(f / "one.grd", read_file(f / "one.grd").substr(0, 300)); },
        unknown, "one.grd: the file ends inside its header\n"},
-      {"grid 1 is compressed", put("one.grd", 0, {"\4\4", 2}), convert_1,
-       "one.grd: only plain standard grids can be read yet"},
-      {"grid 2 is stored by columns", put("two.grd", 16, "\xFF\xFF\xFF\xFF"), convert_2,
-       "two.grd: only plain standard grids can be read yet"},
-      {"grid 2 holds integers", put("two.grd", 4, "\1"), convert_2, "kind 1, storage sense 1,"},
-      {"grid 1 is scaled", put("one.grd", 68, {"\0\0\0\0\0\0\0\x40", 8}), convert_1,
-       "z_base 0.000000 and z_mult 2.000000\n"},
+      {"grid 1 is compressed, and unsound", put("one.grd", 0, {"\4\4", 2}), convert_1,
+       "one.grd: the compressed grid cannot be expanded\n"},
+      {"grid 2 is cut off", [](MergeFolder& f) { write_text_grid(f, "two.asc", 30); }, convert_2,
+       "two.asc: line 31 of the cells cannot be read\n"},
   };
   for (const stop& s : stops) {
     expect_stop(s);
