@@ -98,7 +98,7 @@ void make_all(const std::filesystem::path& folder, std::int32_t count) {
       {"two", output, level_of_grid_2, 0.01, {}, all},
       {"two_between", covering(output, 1.0), level_of_grid_2, 0.01, {}, merged},
       {"two_coarse", covering(output, 1.7), level_of_grid_2, 0.01, {}, merged},
-      {"whole", output, 0.0F, 0.0, {}, merged},
+      {"whole", output, 0.0F, 0.0, {}, all},
       {"blanks", output, 0.0F, 0.30, {}, {format::standard, format::envi}},
   };
   for (const GridPlan& plan : plans) {

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "condition/hole_filling.h"
+#include "formats/convert_grid.h"
 #include "formats/describe_grid.h"
 #include "grid/cell_interpolation.h"
 #include "grid/grid_rows.h"
@@ -87,6 +88,13 @@ void continue_upwards(Arguments arguments) {
   require(TRSD(request, range), "TRSD");
 }
 
+// IN OUT: any grid as a standard grid.
+void convert(Arguments arguments) {
+  grid_description grid = describe(arguments[0]);
+  grid_window whole;
+  require(GRDRDG(arguments[0], arguments[1], grid, whole), "GRDRDG");
+}
+
 struct Routine {
   std::string_view name;
   std::size_t argument_count;
@@ -95,6 +103,7 @@ struct Routine {
 
 constexpr Routine routines[] = {
     {"continue", 3, continue_upwards},
+    {"convert", 2, convert},
     {"fill", 2, fill},
     {"sample", 3, sample},
 };
