@@ -232,6 +232,87 @@ VELMORANKITE_API void GRDRDHS(const char* file_name, int32_t* grid_ints, float* 
                               char* band_names, int32_t* status, size_t file_name_length,
                               size_t band_name_length);
 
+/* Converts a grid file to a standard grid of 4-byte floats, highest row first.
+ *   grid_ints, grid_reals  in: of the input, from GRDRDH; out: lattice, counts and statistics of
+ *            what was written.
+ *   x_start to y_step  the window, map units, and steps of columns and rows. A step of 0 asks for
+ *            the whole grid; its limits then come back.
+ *   status   0; -1 to -10902 as docs/c-interface.md lists; the number of a line of the file that
+ *            cannot be read is -1000 less it. */
+VELMORANKITE_API void GRDRDG(const char* input, const char* output, int32_t* grid_ints,
+                             double* grid_reals, double* x_start, double* x_end, int32_t* x_step,
+                             double* y_start, double* y_end, int32_t* y_step, int32_t* status,
+                             size_t input_length, size_t output_length);
+
+/* Another name of GRDRDG. */
+VELMORANKITE_API void GRDRDGD(const char* input, const char* output, int32_t* grid_ints,
+                              double* grid_reals, double* x_start, double* x_end, int32_t* x_step,
+                              double* y_start, double* y_end, int32_t* y_step, int32_t* status,
+                              size_t input_length, size_t output_length);
+
+/* The same with 22 reals and the window in single precision. */
+VELMORANKITE_API void GRDRDGS(const char* input, const char* output, int32_t* grid_ints,
+                              float* grid_reals, float* x_start, float* x_end, int32_t* x_step,
+                              float* y_start, float* y_end, int32_t* y_step, int32_t* status,
+                              size_t input_length, size_t output_length);
+
+/* Expands a compressed standard grid into a plain one. Status 0, or -20000 and below. */
+VELMORANKITE_API void EXPUNCOMPGRID(const char* input, const char* output, int32_t* status,
+                                    size_t input_length, size_t output_length);
+
+/* The number of formats in the catalogue, 25. */
+VELMORANKITE_API void GET_NUM_SUPPORTED_GRID_FORMATS(int32_t* count);
+
+/* Name and mask of a format. Returns 0; -1, with the name "Unsupported", for a code outside the
+ * catalogue. Code 0 leaves both texts as they are. */
+VELMORANKITE_API int32_t GET_GRID_FORMAT_NAME(const int32_t* code, char* name, char* mask,
+                                              size_t name_length, size_t mask_length);
+
+/* Writes a standard grid of 4-byte floats.
+ *   source     number of an open unit, from whose start the rows are read as floats; 0: rows of
+ *              `array`, -1: the same from the last on, -999: z_min everywhere, any other: columns
+ *              of `array`.
+ *   sense      1, or any other for -2; rows come from the lowest Y up.
+ *   dummy      marks a cell without data in the input.
+ *   transform  2, 3: undoes a logarithmic transform.
+ *   z_min, z_max  out: the range of the values; z_min in: the constant.
+ *   status     0 or -1. */
+VELMORANKITE_API void GEOOUT(const char* name, const int32_t* source, const int32_t* x_count,
+                             const int32_t* y_count, const float* array, const int32_t* sense,
+                             const double* x_origin, const double* y_origin,
+                             const double* x_spacing, const double* y_spacing, const float* dummy,
+                             const int32_t* transform, float* z_min, float* z_max, int32_t* status,
+                             size_t name_length);
+
+/* The same with the lattice in single precision. */
+VELMORANKITE_API void GEOOUTS(const char* name, const int32_t* source, const int32_t* x_count,
+                              const int32_t* y_count, const float* array, const int32_t* sense,
+                              const float* x_origin, const float* y_origin, const float* x_spacing,
+                              const float* y_spacing, const float* dummy, const int32_t* transform,
+                              float* z_min, float* z_max, int32_t* status, size_t name_length);
+
+/* Writes a standard grid of 2-byte integers.
+ *   source   0, -1: the arrays; else the number of an open unit.
+ *   sense    order of the input's lines: 1 and -2 from `rows`, -1 and 2 from `columns`.
+ *   offset   bytes ahead of the first cell in the file of a unit.
+ *   others   as GEOOUT. */
+VELMORANKITE_API void GEOOUTI2(const char* name, const int32_t* source, const int32_t* sense,
+                               const int32_t* x_count, const int32_t* y_count, const int16_t* rows,
+                               const int16_t* columns, const int32_t* offset,
+                               const double* x_origin, const double* y_origin,
+                               const double* x_spacing, const double* y_spacing,
+                               const int32_t* dummy, const int32_t* transform, float* z_min,
+                               float* z_max, int32_t* status, size_t name_length);
+
+/* The same with the lattice in single precision. */
+VELMORANKITE_API void GEOOUTI2S(const char* name, const int32_t* source, const int32_t* sense,
+                                const int32_t* x_count, const int32_t* y_count, const int16_t* rows,
+                                const int16_t* columns, const int32_t* offset,
+                                const float* x_origin, const float* y_origin,
+                                const float* x_spacing, const float* y_spacing,
+                                const int32_t* dummy, const int32_t* transform, float* z_min,
+                                float* z_max, int32_t* status, size_t name_length);
+
 /* ---- Grid conditioning --------------------------------------------------------------------- */
 
 /* Writes a standard grid of 4-byte floats in which the cells without data of another have values.

@@ -27,6 +27,8 @@ class FileUnits {
   // The file of a unit. Throws IoError if none is open on it.
   [[nodiscard]] platform::BinaryFile& at(std::int32_t unit);
 
+  [[nodiscard]] bool is_open(std::int32_t unit) const { return files_.contains(unit); }
+
   // Closes the file of a unit, if there is one. Throws IoError.
   void disconnect(std::int32_t unit);
 

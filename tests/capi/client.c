@@ -338,6 +338,49 @@ static void spectra_and_operators_are_made(void) {
   check(status == -3003, "an even operator has no centre");
 }
 
+/* Integers written by one routine come back as floats by another, a window of them by steps. */
+static void grids_are_written_and_converted(void) {
+  int32_t ints[VELMORANKITE_DESCRIPTION_WORDS];
+  double reals[VELMORANKITE_DESCRIPTION_WORDS];
+  char name[32], mask[32];
+  int16_t cells[12];
+  float array[12], low = 0, high = 0;
+  const int32_t from_array = 0, sense = 1, nx = 4, ny = 3, offset = 0, hole = 5, plain = 0;
+  const float float_hole = 5.0F;
+  int32_t count = 0, code = 14, step = 2, y_step = 1, status = 7;
+  double x_start = x_origin, x_end = x_origin + 3 * cell, y_start = y_origin, y_end = 1e6;
+  for (int i = 0; i < 12; ++i) {
+    cells[i] = (int16_t)i;
+    array[i] = (float)i;
+  }
+  GEOOUTI2("int.grd", &from_array, &sense, &nx, &ny, cells, NULL, &offset, &x_origin, &y_origin,
+           &cell, &cell, &hole, &plain, &low, &high, &status, 7);
+  check(status == 0 && low == 0.0F && high == 11.0F, "integers are written");
+  GRDRDH("int.grd", ints, reals, NULL, &status, 7, 0);
+  GRDRDG("int.grd", "float.grd", ints, reals, &x_start, &x_end, &step, &y_start, &y_end, &y_step,
+         &status, 7, 9);
+  check(status == 0 && reals[VELMORANKITE_Z_MAX] == 10.0 && ints[VELMORANKITE_VALID_COUNT] == 6,
+        "and every other column of them converted");
+  step = 0;
+  GRDRDGD("int.grd", "float.grd", ints, reals, &x_start, &x_end, &step, &y_start, &y_end, &y_step,
+          &status, 7, 9);
+  check(status == 0 && step == 1 && y_end == y_origin + 2 * cell &&
+            ints[VELMORANKITE_DUMMY_COUNT] == 1,
+        "a step of 0 asks for the whole grid");
+  GRDRDG("int.grd", "int.grd", ints, reals, &x_start, &x_end, &step, &y_start, &y_end, &y_step,
+         &status, 7, 7);
+  check(status == -12, "an input is no output");
+  GEOOUT("g.grd", &from_array, &nx, &ny, array, &sense, &x_origin, &y_origin, &cell, &cell,
+         &float_hole, &plain, &low, &high, &status, 5);
+  check(status == 0 && low == 0.0F && high == 11.0F, "floats are written");
+  EXPUNCOMPGRID("g.grd", "plain.grd", &status, 5, 9);
+  check(status == -20005, "a plain grid is not compressed");
+  GET_NUM_SUPPORTED_GRID_FORMATS(&count);
+  check(count == 25 && GET_GRID_FORMAT_NAME(&code, name, mask, sizeof name, sizeof mask) == 0 &&
+            memcmp(name, "Surfer V7 ", 10) == 0 && memcmp(mask, "*.grd ", 6) == 0,
+        "formats have names");
+}
+
 int main(void) {
   write_grid("one.grd", 0.0F, 0);
   files_go_by_unit_numbers();
@@ -348,5 +391,6 @@ int main(void) {
   grids_are_joined();
   grids_are_transformed();
   spectra_and_operators_are_made();
+  grids_are_written_and_converted();
   return failures == 0 ? 0 : 1;
 }
