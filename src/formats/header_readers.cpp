@@ -24,6 +24,7 @@ constexpr format_reader format_readers[] = {
     {format_standard, header_access::binary, read_standard_header, starts_at_0},
     {format_standard, header_access::binary, read_fixed_header},
     {format_gxf, header_access::text, read_gxf_header},
+    {format_pcidsk, header_access::binary, read_pcidsk_header},
     {format_bil, header_access::text_beside, read_band_image_header},
     {format_bip, header_access::text_beside, read_band_image_header},
     {format_grid_text, header_access::text, read_grid_text_header},
