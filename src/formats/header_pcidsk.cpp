@@ -4,15 +4,15 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <iterator>
 #include <limits>
-#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 
-#include "formats/header_numbers.h"
 #include "formats/header_readers.h"
 #include "formats/header_status.h"
+#include "formats/header_text.h"
 #include "formats/text_helpers.h"
 
 namespace velmorankite {
@@ -30,11 +30,12 @@ constexpr std::int64_t offset_of_block(std::int64_t number) {
   return (number - 1) * block_bytes;
 }
 
-// A number of a text field, 0 for a blank one; nothing if something else stands there.
+// A number of a text field, 0 for a blank one; false if something else stands there.
 template <typename T>
-std::optional<T> field_number(std::string_view text) {
+bool take_field(std::string_view text, T& value) {
   const std::string trimmed = FTRIM(text);
-  return trimmed.empty() ? T{} : number_in<T>(trimmed);
+  value = T{};
+  return trimmed.empty() || read_number(trimmed, value);
 }
 
 // Where the tables of the file lie, in blocks.
@@ -81,23 +82,13 @@ struct interleave_row {
 constexpr interleave_row interleaves[] = {{"PIXEL", 0}, {"LINE", 1}, {"BAND", 2}, {"FILE", 3}};
 
 bool take_numbers(std::string_view text, file_tables& tables, grid_description& grid) {
-  for (const number_row& row : number_rows) {
+  return std::all_of(std::begin(number_rows), std::end(number_rows), [&](const number_row& row) {
     const std::string_view field = text.substr(row.offset, row.length);
     if (row.real != nullptr) {
-      const auto value = field_number<double>(field);
-      if (!value) {
-        return false;
-      }
-      grid.reals.*row.real = *value;
-      continue;
+      return take_field(field, grid.reals.*row.real);
     }
-    const auto value = field_number<std::int32_t>(field);
-    if (!value) {
-      return false;
-    }
-    (row.table != nullptr ? tables.*row.table : grid.ints.*row.count) = *value;
-  }
-  return true;
+    return take_field(field, row.table != nullptr ? tables.*row.table : grid.ints.*row.count);
+  });
 }
 
 // The image stands behind the last table that the file has.
@@ -177,23 +168,22 @@ Status find_georeference(const header_source& source, const file_tables& tables,
       if (!entry.starts_with("L150")) {
         continue;
       }
-      const auto found_start = field_number<std::int32_t>(entry.substr(12, 11));
-      const auto found_size = field_number<std::int32_t>(entry.substr(23, 9));
-      if (!found_start || !found_size) {
+      if (!take_field(entry.substr(12, 11), start) || !take_field(entry.substr(23, 9), size)) {
         return pcidsk_unreadable;
       }
-      start = *found_start;
-      size = *found_size;
     }
   }
   return start < 1 || size < 1 ? pcidsk_no_georeference : success;
 }
 
-// A number of 26 characters with 18 decimals where it has no point.
-std::optional<double> fixed_number(std::string_view text) {
-  const auto value = field_number<double>(text);
+// A number of 26 characters, of which the last 18 are decimals where it has no point.
+bool take_fixed(std::string_view text, double& value) {
   constexpr double implied_decimals = 1.0E18;
-  return value && text.find('.') == std::string_view::npos ? *value / implied_decimals : value;
+  const bool taken = take_field(text, value);
+  if (text.find('.') == std::string_view::npos) {
+    value /= implied_decimals;
+  }
+  return taken;
 }
 
 // The coefficients of X and of Y, of which the first are the corner.
@@ -213,14 +203,11 @@ Status read_georeference(const header_source& source, std::int32_t start, grid_r
   if (!read_text(source, offset, bytes)) {
     return pcidsk_unreadable;
   }
-  const auto x_min = fixed_number(text.substr(head_bytes, field_bytes));
-  const auto y_max = fixed_number(text.substr(head_bytes + fields * field_bytes, field_bytes));
-  if (!x_min || !y_max) {
-    return pcidsk_unreadable;
-  }
-  reals.x_min = *x_min;
-  reals.y_max = *y_max;
-  return success;
+  const std::string_view y_text = text.substr(head_bytes + fields * field_bytes, field_bytes);
+  return take_fixed(text.substr(head_bytes, field_bytes), reals.x_min) &&
+                 take_fixed(y_text, reals.y_max)
+             ? success
+             : pcidsk_unreadable;
 }
 
 }  // namespace

@@ -8,9 +8,9 @@
 #include <string_view>
 
 #include "formats/catalogue.h"
-#include "formats/header_numbers.h"
 #include "formats/header_readers.h"
 #include "formats/header_status.h"
+#include "formats/header_text.h"
 #include "formats/text_helpers.h"
 #include "grid/standard_header.h"
 
@@ -32,13 +32,12 @@ Status place_corner(std::string_view name, grid_reals& reals) {
   if (letter == std::string_view::npos) {
     return tile_name_without_longitude;
   }
-  const auto latitude = number_in<double>(name.substr(0, letter));
-  const auto longitude = number_in<double>(name.substr(letter + 1));
-  if (!latitude || !longitude) {
+  if (!read_number(name.substr(0, letter), reals.y_min) ||
+      !read_number(name.substr(letter + 1), reals.x_min)) {
     return number_unreadable;
   }
-  reals.y_min = latitude_letter == 'S' ? -*latitude : *latitude;
-  reals.x_min = name[letter] == 'W' ? -*longitude : *longitude;
+  reals.y_min = latitude_letter == 'S' ? -reals.y_min : reals.y_min;
+  reals.x_min = name[letter] == 'W' ? -reals.x_min : reals.x_min;
   return success;
 }
 
@@ -98,21 +97,19 @@ Status read_dted_header(header_source& source, grid_description& grid, grid_text
   }
   const std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
   // Degrees, minutes and seconds as one number: DDDMMSS.
-  const auto longitude = number_in<double>(text.substr(4, 7));
-  const auto latitude = number_in<double>(text.substr(12, 7));
-  const auto x_count = number_in<std::int32_t>(text.substr(47, 4));
-  const auto y_count = number_in<std::int32_t>(text.substr(51, 4));
-  if (!longitude || !latitude || !x_count || !y_count) {
+  double longitude = 0.0;
+  double latitude = 0.0;
+  if (!read_number(text.substr(4, 7), longitude) || !read_number(text.substr(12, 7), latitude) ||
+      !read_number(text.substr(47, 4), grid.ints.x_count) ||
+      !read_number(text.substr(51, 4), grid.ints.y_count)) {
     return number_unreadable;
   }
   constexpr double degree = 10000.0;
-  grid.ints.x_count = *x_count;
-  grid.ints.y_count = *y_count;
   grid.ints.element_code = -2;
   grid.ints.storage_sense = -1;
   grid.ints.element_kind = kind_signed;
-  grid.reals.x_min = (text[11] == 'W' ? -*longitude : *longitude) / degree;
-  grid.reals.y_min = (text[19] == 'S' ? -*latitude : *latitude) / degree;
+  grid.reals.x_min = (text[11] == 'W' ? -longitude : longitude) / degree;
+  grid.reals.y_min = (text[19] == 'S' ? -latitude : latitude) / degree;
   grid.reals.dummy_value = -1.0;
   set_degree_tile(grid);
   return success;

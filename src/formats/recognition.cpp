@@ -163,7 +163,7 @@ bool is_gmt_in_full(const file_head& head, grid_description& grid) {
   constexpr std::int64_t header = 892;
   constexpr std::int64_t cell = 4;
   if (x_count < 1 || y_count < 1 || (registration != 0 && registration != 1) ||
-      cell * x_count > head.file.size || header + cell * x_count * y_count > head.file.size) {
+      y_count > (head.file.size - header) / (cell * x_count)) {
     return false;
   }
   grid_description found = grid;

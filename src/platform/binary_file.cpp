@@ -8,11 +8,19 @@
 #include "platform/io_error.h"
 
 namespace velmorankite::platform {
+namespace {
+
+[[noreturn]] void fail(const std::filesystem::path& path, const std::string& what,
+                       int error_number) {
+  throw IoError(path, system_reason(what, error_number), error_number);
+}
+
+}  // namespace
 
 BinaryFile::BinaryFile(std::filesystem::path path, open_mode mode)
     : path_(std::move(path)), handle_(current_system().open(path_, mode)) {
   if (handle_ < 0) {
-    throw IoError(path_, system_reason("cannot be opened", -handle_));
+    fail(path_, "cannot be opened", -handle_);
   }
 }
 
@@ -21,7 +29,7 @@ BinaryFile BinaryFile::anonymous() {
   file.path_ = "(scratch file without a name)";
   file.handle_ = current_system().open_anonymous();
   if (file.handle_ < 0) {
-    throw IoError(file.path_, system_reason("cannot be made", -file.handle_));
+    fail(file.path_, "cannot be made", -file.handle_);
   }
   return file;
 }
@@ -49,7 +57,7 @@ BinaryFile& BinaryFile::operator=(BinaryFile&& other) noexcept {
 std::int64_t BinaryFile::size() const {
   const std::int64_t bytes = current_system().size(handle_);
   if (bytes < 0) {
-    throw IoError(path_, system_reason("cannot be measured", static_cast<int>(-bytes)));
+    fail(path_, "cannot be measured", static_cast<int>(-bytes));
   }
   return bytes;
 }
@@ -63,7 +71,7 @@ std::size_t BinaryFile::read_some(std::int64_t position, std::span<std::byte> by
       continue;
     }
     if (count < 0) {
-      throw IoError(path_, system_reason("cannot be read", static_cast<int>(-count)));
+      fail(path_, "cannot be read", static_cast<int>(-count));
     }
     if (count == 0) {
       break;
@@ -92,7 +100,7 @@ void BinaryFile::write(std::int64_t position, std::span<const std::byte> bytes) 
     }
     if (count <= 0) {
       const int error_number = count < 0 ? static_cast<int>(-count) : ENOSPC;
-      throw IoError(path_, system_reason("cannot be written", error_number));
+      fail(path_, "cannot be written", error_number);
     }
     done += static_cast<std::size_t>(count);
   }
@@ -101,7 +109,7 @@ void BinaryFile::write(std::int64_t position, std::span<const std::byte> bytes) 
 void BinaryFile::resize(std::int64_t size) {
   const int result = current_system().resize(handle_, size);
   if (result < 0) {
-    throw IoError(path_, system_reason("cannot be resized", -result));
+    fail(path_, "cannot be resized", -result);
   }
 }
 
@@ -111,7 +119,7 @@ void BinaryFile::lock() {
     throw IoError(path_, "is in use by another run in this directory");
   }
   if (result < 0) {
-    throw IoError(path_, system_reason("cannot be locked", -result));
+    fail(path_, "cannot be locked", -result);
   }
 }
 
@@ -121,7 +129,7 @@ void BinaryFile::close() {
   }
   const int result = current_system().close(std::exchange(handle_, -1));
   if (result < 0) {
-    throw IoError(path_, system_reason("cannot be closed", -result));
+    fail(path_, "cannot be closed", -result);
   }
 }
 

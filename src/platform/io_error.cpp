@@ -5,8 +5,8 @@
 
 namespace velmorankite::platform {
 
-IoError::IoError(const std::filesystem::path& path, const std::string& reason)
-    : std::runtime_error(path.string() + ": " + reason), path_(path) {}
+IoError::IoError(const std::filesystem::path& path, const std::string& reason, int error_number)
+    : std::runtime_error(path.string() + ": " + reason), path_(path), error_number_(error_number) {}
 
 IoError malformed_line(const std::filesystem::path& path, std::int64_t line,
                        const std::string& reason) {

@@ -11,12 +11,15 @@ namespace velmorankite::platform {
 // Carries the path and the reason, so that one line can tell the user which file and why.
 class IoError : public std::runtime_error {
  public:
-  IoError(const std::filesystem::path& path, const std::string& reason);
+  IoError(const std::filesystem::path& path, const std::string& reason, int error_number = 0);
 
   [[nodiscard]] const std::filesystem::path& path() const noexcept { return path_; }
+  // The system's number for what went wrong; 0 where the system saw nothing wrong.
+  [[nodiscard]] int error_number() const noexcept { return error_number_; }
 
  private:
   std::filesystem::path path_;
+  int error_number_;
 };
 
 // The error of a text file whose line `line` (from 1) is not what was expected there.

@@ -10,6 +10,7 @@
 #include "formats/header_readers.h"
 #include "formats/header_status.h"
 #include "platform/io_error.h"
+#include "support/data_field.h"
 #include "support/failing_system.h"
 #include "support/foreign_grids.h"
 #include "support/temporary_folder.h"

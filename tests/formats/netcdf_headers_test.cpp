@@ -9,7 +9,7 @@
 #include "formats/describe_grid.h"
 #include "formats/header_status.h"
 #include "formats/netcdf_header.h"
-#include "support/foreign_grids.h"
+#include "support/data_field.h"
 #include "support/netcdf_file.h"
 #include "support/temporary_folder.h"
 

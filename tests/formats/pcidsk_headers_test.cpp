@@ -13,10 +13,16 @@
 namespace velmorankite {
 namespace {
 
+constexpr std::size_t block = 512;
+constexpr std::size_t georeference = 10 * block;  // of the segment at block 9
+constexpr std::size_t pointers = 5 * block;       // in blocks 6 and 7
+constexpr std::size_t x_corner = georeference + 212;
+constexpr std::size_t y_corner = x_corner + std::size_t{55} * 26;
+
 // Text fields, right-justified, in a file of blanks.
 class Image {
  public:
-  explicit Image(std::size_t blocks) : bytes_(blocks * 512, ' ') {}
+  explicit Image(std::size_t blocks) : bytes_(blocks * block, ' ') {}
 
   Image& text(std::size_t offset, std::string_view value) {
     std::copy(value.begin(), value.end(), &bytes_.at(offset));
@@ -32,9 +38,6 @@ class Image {
   std::string bytes_;
 };
 
-constexpr std::size_t georeference = 9 * 512 + 512;  // segment at block 9
-constexpr std::size_t pointers = 5 * 512;            // blocks 6 and 7
-
 // Two bands of 6 by 4 pixels of 2 by 5 map units. Channel headers from block 2 on, 4 blocks.
 Image small_image() {
   Image image(20);
@@ -43,13 +46,13 @@ Image small_image() {
   image.field(376, 8, "2").field(384, 8, "6").field(392, 8, "4");
   image.field(408, 17, "2.0             1").field(424, 16, "5.0");
   image.field(440, 16, "6").field(456, 8, "2");
-  image.text(512, "gravity").text(3 * 512, "magnetics");
+  image.text(block, "gravity").text(3 * block, "magnetics");
   image.text(pointers, "L150GEOref  ").field(pointers + 12, 11, "3").field(pointers + 23, 9, "9");
-  image.text(pointers + 512, "L150GEOref  ");
-  image.field(pointers + 512 + 12, 11, "9").field(pointers + 512 + 23, 9, "8");
+  image.text(pointers + block, "L150GEOref  ");
+  image.field(pointers + block + 12, 11, "9").field(pointers + block + 23, 9, "8");
   image.text(georeference, "POLYNOMIAL").text(georeference + 16, "PIXEL");
-  image.field(georeference + 212, 26, "1.005D+02");
-  image.field(georeference + 212 + 55 * 26, 26, "-0.200250000000000000D+02");
+  image.field(x_corner, 26, "1.005D+02");
+  image.field(y_corner, 26, "-0.200250000000000000D+02");
   return image;
 }
 
@@ -99,10 +102,9 @@ TEST_F(PcidskHeaders, fields_may_be_blank) {
   EXPECT_EQ(grid.ints.data_offset, 512);
   EXPECT_EQ(texts.band_names, std::vector<std::string>{""});
   // A coefficient without a point has its 18 decimals.
-  ASSERT_EQ(describe(small_image()
-                         .field(georeference + 212, 26, "1500000000000000000")
-                         .field(georeference + 212 + 55 * 26, 26, "")),
-            success);
+  ASSERT_EQ(
+      describe(small_image().field(x_corner, 26, "1500000000000000000").field(y_corner, 26, "")),
+      success);
   EXPECT_EQ(grid.reals.x_min, 1.5);
   EXPECT_EQ(grid.reals.y_max, 0.0);
 }
@@ -113,7 +115,7 @@ TEST_F(PcidskHeaders, faults_have_their_own_status) {
     std::function<void(Image&)> change;
     Status expected;
   };
-  constexpr std::size_t entry = pointers + 512;
+  constexpr std::size_t entry = pointers + block;
   const example examples[] = {
       {"no number", [](Image& i) { i.field(384, 8, "six"); }, pcidsk_unreadable},
       {"no count", [](Image& i) { i.field(384, 8, ""); }, counts_unsound},
@@ -134,7 +136,7 @@ TEST_F(PcidskHeaders, faults_have_their_own_status) {
        pcidsk_georeference_unknown},
       {"another unit", [](Image& i) { i.text(georeference + 16, "LON"); },
        pcidsk_georeference_unknown},
-      {"no corner", [](Image& i) { i.field(georeference + 212, 26, "x"); }, pcidsk_unreadable},
+      {"no corner", [](Image& i) { i.field(x_corner, 26, "x"); }, pcidsk_unreadable},
   };
   for (const example& e : examples) {
     Image image = small_image();
@@ -145,7 +147,7 @@ TEST_F(PcidskHeaders, faults_have_their_own_status) {
 
 TEST_F(PcidskHeaders, of_a_file_that_ends_anywhere_are_refused) {
   ASSERT_EQ(describe(small_image()), success);
-  constexpr std::size_t needed = georeference + 212 + std::size_t{2 * 55 * 26};
+  constexpr std::size_t needed = 2 * y_corner - x_corner;
   for (std::size_t length = needed - 1; length > 0; --length) {
     std::filesystem::resize_file(path, length);
     EXPECT_EQ(GRDRDH(path.string(), grid, texts), pcidsk_unreadable) << length;

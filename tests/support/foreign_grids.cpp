@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "support/foreign_grids.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <bit>
 #include <cmath>
@@ -12,7 +10,6 @@
 
 #include "grid/dummy.h"
 #include "platform/byte_order.h"
-#include "support/temporary_folder.h"
 
 namespace velmorankite::testing {
 namespace {
@@ -339,26 +336,6 @@ float plain_cell(std::string_view file, const grid_description& grid, std::int32
   const bool is_dummy =
       !std::isfinite(value) || std::abs(value - marker) < two_spacings * std::abs(marker);
   return is_dummy ? dummy : static_cast<float>(value / grid.reals.z_mult + grid.reals.z_base);
-}
-
-void expect_data_field(std::string_view name, const grid_description& grid) {
-  ASSERT_EQ(grid.ints.x_count, 13);
-  ASSERT_EQ(grid.ints.y_count, 7);
-  EXPECT_DOUBLE_EQ(grid.reals.x_min, 100.3);
-  EXPECT_DOUBLE_EQ(grid.reals.x_max, 124.3);
-  EXPECT_DOUBLE_EQ(grid.reals.y_min, -20.7);
-  EXPECT_DOUBLE_EQ(grid.reals.y_max, 9.3);
-  EXPECT_DOUBLE_EQ(grid.reals.x_cell, 2.0);
-  EXPECT_DOUBLE_EQ(grid.reals.y_cell, 5.0);
-  const std::string bytes = read_file(test_data(name));
-  for (std::int32_t row = 1; row <= 7; ++row) {
-    for (std::int32_t column = 1; column <= 13; ++column) {
-      const bool blank = row + column == 2 || row + column == 20;
-      EXPECT_EQ(plain_cell(bytes, grid, column, row),
-                blank ? dummy : static_cast<float>(10 * row + column * column))
-          << name << " " << column << " " << row;
-    }
-  }
 }
 
 }  // namespace velmorankite::testing

@@ -42,8 +42,4 @@ std::span<const foreign_format> foreign_formats();
 float plain_cell(std::string_view file, const grid_description& grid, std::int32_t column,
                  std::int32_t row);
 
-// Expects the lattice and the cells of the field that tests/data/README.md tells of under
-// "surfer, gmt, netcdf".
-void expect_data_field(std::string_view name, const grid_description& grid);
-
 }  // namespace velmorankite::testing
