@@ -105,6 +105,138 @@ VELMORANKITE_API int32_t FOPEN(const char* name, size_t name_length);
 /* Closes the file of a unit. Returns 0. */
 VELMORANKITE_API int32_t FCLOSE(const int32_t* unit);
 
+/* ---- Files by blocks ----------------------------------------------------------------------- */
+
+/* These take bytes to and from a file through a buffer of the caller's of at least 4096 bytes. The
+ * caller holds three numbers beside it: the unit, the position in the buffer (from 0; writing:
+ * bytes that are pending, reading: bytes taken of the present block) and the blocks that went
+ * through. An opening serves for writing or for reading. */
+
+/* Opens a file, and makes it if there is none.
+ *   unit, position, block_count  out; the last two are 0 where the file was opened.
+ *   status  0, or the negated error number of the system. */
+VELMORANKITE_API void OPENBUFF(const char* name, int32_t* unit, int32_t* position,
+                               int32_t* block_count, int32_t* status, size_t name_length);
+
+/* Adds `count` bytes. Where VAL2BUF has filled the buffer beyond 4096 bytes, its whole blocks are
+ * written first.
+ *   status  0, or -1 for a count below 1. */
+VELMORANKITE_API void PUTBUF(const int32_t* count, const void* data, const int32_t* unit,
+                             int32_t* position, int32_t* block_count, char* buffer,
+                             int32_t* status);
+
+/* Takes the next `count` bytes.
+ *   status  0, -1 where the file has no further whole block, or the negated error number of the
+ *           system; what came before the failure stands in `data`. */
+VELMORANKITE_API void GETBUF(const int32_t* count, void* data, const int32_t* unit,
+                             int32_t* position, int32_t* block_count, char* buffer,
+                             int32_t* status);
+
+/* Writes what is pending, always a whole block, closes the file and sets position and block count
+ * to 0. So a file written by PUTBUF has a multiple of 4096 bytes, and its contents must tell where
+ * they end. Returns 0. */
+VELMORANKITE_API int32_t CLOSBUFF(const int32_t* unit, int32_t* position, int32_t* block_count,
+                                  char* buffer);
+
+/* The byte offset from the file's start at which the last transfer on a unit ended. */
+VELMORANKITE_API int64_t GETBUFFPOS(const int32_t* unit);
+
+/* Moves the unit to a byte offset from the file's start: RDLINE goes on there. The blocks of the
+ * routines above are not moved.
+ *   status  0, or -1 for an offset below 0. */
+VELMORANKITE_API void SETBUFFPOS(const int32_t* unit, const int64_t* offset, int32_t* status);
+
+/* Reads a line that ends in LF, CR LF or CR, without its end, and as much of it as the text has
+ * room for; the rest is left for the next call.
+ *   length  out: of the line. An empty line and the end of the file both give 0. */
+VELMORANKITE_API void RDLINE(const int32_t* unit, char* text, int32_t* length, size_t text_length);
+
+/* ---- Values and their bytes ---------------------------------------------------------------- */
+
+/* Takes a value of |n| bytes out of a buffer, from offset `position` on: in the buffer's order for
+ * n above 0, reversed for n below 0, nothing for 0. */
+VELMORANKITE_API void BUF2VAL(const int32_t* position, const char* buffer, const int32_t* n,
+                              void* value);
+
+/* Puts a value into a buffer by the same rule and moves `position` behind it. */
+VELMORANKITE_API void VAL2BUF(int32_t* position, char* buffer, const int32_t* n, const void* value);
+
+/* Takes n plot vectors (x and y as floats, a code as an integer, 12 bytes together) out of a buffer
+ * and appends them to three arrays. Those that draw nothing, with code 3 and where the last one
+ * lies, are left out, but the first and the last of a call never.
+ *   position  byte offset in the buffer; out: moved by 12 n.
+ *   order     above 0: this machine's byte order; below 0: the reverse; 0: the buffer is not read,
+ *             the records of the call before are taken once more.
+ *   count     in and out: elements in the arrays, which must have room for n more.
+ * Returns 0. */
+VELMORANKITE_API int32_t RDPLTVEC(int32_t* position, const char* buffer, const int32_t* order,
+                                  const int32_t* n, float* x, float* y, int32_t* code,
+                                  int32_t* count);
+
+/* Copies a word of 4 bytes from a to b. */
+VELMORANKITE_API void CPYBYT(const void* a, void* b);
+
+/* Reverse the bytes of a value, or of each of n values, in place. */
+VELMORANKITE_API void REVBYT2(int16_t* v);
+VELMORANKITE_API void REVBYT4(int32_t* v);
+VELMORANKITE_API void REVBYT(float* v);
+VELMORANKITE_API void REVBYT8(double* v);
+VELMORANKITE_API void CHREVARR2(const int32_t* n, int16_t* a);
+VELMORANKITE_API void CHREVARR4(const int32_t* n, int32_t* a);
+VELMORANKITE_API void CHREVARR(const int32_t* n, float* a);
+VELMORANKITE_API void CHREVARR8(const int32_t* n, double* a);
+
+/* Return the value of 2, 4, 4 or 8 reversed bytes; REVI2 extends its sign. */
+VELMORANKITE_API int32_t REVI2(const void* v);
+VELMORANKITE_API int32_t REVI4(const void* v);
+VELMORANKITE_API float REVR4(const void* v);
+VELMORANKITE_API double REVR8(const void* v);
+
+/* A double put together by arithmetic from its 8 bytes, big-endian for order code 1, else
+ * little-endian. All-zero bytes give 2 to the power -1023. */
+VELMORANKITE_API double DECODE_VULCAN_BINARY(const void* bytes, const int32_t* order_code);
+
+/* ---- Texts and 64-bit integers ------------------------------------------------------------- */
+
+/* Line ends of a text file, from its first 1024 bytes: 0 CR LF, 1 LF, 2 CR, -1 not settled. */
+VELMORANKITE_API int32_t ISFILEUNIX(const char* name, size_t name_length);
+
+/* Makes NULs blanks and moves the text to the front. `length` out: without trailing blanks. */
+VELMORANKITE_API void FTRIM(char* text, int32_t* length, size_t text_length);
+
+/* `length` out: of the text up to its last character that is neither a blank nor a NUL. */
+VELMORANKITE_API void FTAIL(const char* text, int32_t* length, size_t text_length);
+
+/* Folds a to z to upper case in the first `length` characters. */
+VELMORANKITE_API void FUPPER(char* text, const int32_t* length, size_t text_length);
+
+/* c = a + b, a - b, a * b and a / b, modulo 2^64; a quotient is truncated, and 0 for b = 0. */
+VELMORANKITE_API void ADDI8A(const int64_t* a, const int64_t* b, int64_t* c);
+VELMORANKITE_API void SUBTRACTI8A(const int64_t* a, const int64_t* b, int64_t* c);
+VELMORANKITE_API void MULTIPLYI8A(const int64_t* a, const int64_t* b, int64_t* c);
+VELMORANKITE_API void DIVIDEI8A(const int64_t* a, const int64_t* b, int64_t* c);
+/* 1 if a is greater than b, -1 if it is less, 0 if they are equal. */
+VELMORANKITE_API int32_t COMPAREI8A(const int64_t* a, const int64_t* b);
+
+/* The same for numbers held as high * 2^32 + low, low without a sign. */
+VELMORANKITE_API void ADDI8(const int32_t* a_high, const int32_t* a_low, const int32_t* b_high,
+                            const int32_t* b_low, int32_t* c_high, int32_t* c_low);
+VELMORANKITE_API void SUBTRACTI8(const int32_t* a_high, const int32_t* a_low, const int32_t* b_high,
+                                 const int32_t* b_low, int32_t* c_high, int32_t* c_low);
+VELMORANKITE_API void MULTIPLYI8(const int32_t* a_high, const int32_t* a_low, const int32_t* b_high,
+                                 const int32_t* b_low, int32_t* c_high, int32_t* c_low);
+VELMORANKITE_API void DIVIDEI8(const int32_t* a_high, const int32_t* a_low, const int32_t* b_high,
+                               const int32_t* b_low, int32_t* c_high, int32_t* c_low);
+VELMORANKITE_API int32_t COMPAREI8(const int32_t* a_high, const int32_t* a_low,
+                                   const int32_t* b_high, const int32_t* b_low);
+
+/* A count of bytes in words, as "1536" and "1.50 KB". "*" stands for what cannot be told or has no
+ * room: digits longer than their text, the size of a negative count. */
+VELMORANKITE_API void ENCODEI8A(const int64_t* value, char* digits, char* size,
+                                size_t digits_length, size_t size_length);
+VELMORANKITE_API void ENCODEI8(const int32_t* value_high, const int32_t* value_low, char* digits,
+                               char* size, size_t digits_length, size_t size_length);
+
 /* ---- Standard grid ------------------------------------------------------------------------- */
 
 /* Reads the header of the standard grid that is open on a unit. The status becomes -1 if the

@@ -25,7 +25,7 @@ std::int32_t FileUnits::free_unit() const {
 
 void FileUnits::connect(std::int32_t unit, platform::BinaryFile file) {
   disconnect(unit);
-  files_.emplace(unit, std::move(file));
+  files_.emplace(unit, positioned_file{std::move(file)});
 }
 
 std::int32_t FileUnits::connect(platform::BinaryFile file) {
@@ -34,7 +34,7 @@ std::int32_t FileUnits::connect(platform::BinaryFile file) {
   return unit;
 }
 
-platform::BinaryFile& FileUnits::at(std::int32_t unit) {
+positioned_file& FileUnits::at(std::int32_t unit) {
   const auto file = files_.find(unit);
   if (file == files_.end()) {
     throw platform::IoError("unit " + std::to_string(unit), "no file is open on it");
@@ -44,7 +44,7 @@ platform::BinaryFile& FileUnits::at(std::int32_t unit) {
 
 void FileUnits::disconnect(std::int32_t unit) {
   if (auto file = files_.extract(unit); !file.empty()) {
-    file.mapped().close();
+    file.mapped().file.close();
   }
 }
 

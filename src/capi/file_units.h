@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <map>
 
+#include "formats/buffered_file.h"
 #include "platform/binary_file.h"
 
 namespace velmorankite::capi {
@@ -24,18 +25,21 @@ class FileUnits {
   // number.
   std::int32_t connect(platform::BinaryFile file);
 
-  // The file of a unit. Throws IoError if none is open on it.
-  [[nodiscard]] platform::BinaryFile& at(std::int32_t unit);
+  // The file of a unit and the position in it. Throws IoError if none is open on it.
+  [[nodiscard]] positioned_file& at(std::int32_t unit);
 
   [[nodiscard]] bool is_open(std::int32_t unit) const { return files_.contains(unit); }
 
   // Closes the file of a unit, if there is one. Throws IoError.
   void disconnect(std::int32_t unit);
 
+  // Frees a unit whose file has been closed.
+  void forget(std::int32_t unit) noexcept { files_.erase(unit); }
+
  private:
   [[nodiscard]] std::int32_t free_unit() const;
 
-  std::map<std::int32_t, platform::BinaryFile> files_;
+  std::map<std::int32_t, positioned_file> files_;
 };
 
 // The units of this thread.

@@ -46,7 +46,7 @@ template <typename Real>
 velmorankite::Status read_header(std::int32_t unit, const header_arguments<Real>& to) {
   velmorankite::standard_header header;
   const velmorankite::Status status =
-      velmorankite::READ_GEOSOFT_HEADER(file_units().at(unit), header);
+      velmorankite::READ_GEOSOFT_HEADER(file_units().at(unit).file, header);
   *to.element_size = header.element_size;
   *to.sign_flag = header.sign_flag;
   *to.elements_per_row = header.elements_per_row;
@@ -68,7 +68,7 @@ velmorankite::Status read_header(std::int32_t unit, const header_arguments<Real>
 }
 
 velmorankite::Status write_header(std::int32_t unit, const velmorankite::standard_header& header) {
-  velmorankite::OUTPUT_GEOSOFT_HEADER(file_units().at(unit), header);
+  velmorankite::OUTPUT_GEOSOFT_HEADER(file_units().at(unit).file, header);
   return velmorankite::success;
 }
 

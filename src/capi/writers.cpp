@@ -16,7 +16,7 @@ namespace {
 
 // The file of a unit, if `source` is the number of one that is open.
 const velmorankite::platform::BinaryFile* open_unit(std::int32_t source) {
-  return source > 0 && file_units().is_open(source) ? &file_units().at(source) : nullptr;
+  return source > 0 && file_units().is_open(source) ? &file_units().at(source).file : nullptr;
 }
 
 }  // namespace

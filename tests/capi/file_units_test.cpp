@@ -34,7 +34,7 @@ TEST_F(FileUnitsTest, the_first_free_number_from_101_on_is_given_out) {
   EXPECT_EQ(units_.connect(file("a")), 103);
   units_.disconnect(102);
   EXPECT_EQ(units_.connect(file("a")), 102);
-  EXPECT_EQ(units_.at(102).path(), folder_ / "a");
+  EXPECT_EQ(units_.at(102).file.path(), folder_ / "a");
   units_.connect(unit_of_created, file("b"));
   EXPECT_EQ(units_.connect(file("b")), 104);
 }
@@ -45,7 +45,7 @@ TEST_F(FileUnitsTest, unit_1000_is_given_out_again_when_all_are_open) {
   }
   EXPECT_EQ(units_.connect(file("a")), 1000);
   EXPECT_EQ(units_.connect(file("b")), 1000);
-  EXPECT_EQ(units_.at(1000).path(), folder_ / "b");
+  EXPECT_EQ(units_.at(1000).file.path(), folder_ / "b");
   units_.disconnect(500);
   EXPECT_EQ(units_.connect(file("a")), 500);
 }
