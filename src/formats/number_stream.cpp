@@ -122,14 +122,14 @@ std::size_t NumberStream::give_item(std::string_view item, std::span<float> valu
   float value = 0.0F;
   const char* const end = item.data() + item.size();
   const auto [behind, error] = std::from_chars(item.data(), end, value);
-  if (error == std::errc{} && behind == end) {
+  if (error == std::errc{} && behind == end && std::isfinite(value)) {
     values[0] = value;
     return 1;
   }
   std::size_t count = 1;
   if (const std::size_t star = item.find('*'); star != std::string_view::npos) {
-    const auto repeats = platform::parse_integer(item.substr(0, star));
-    if (!repeats || *repeats < 1) {
+    const auto repeats = platform::parse_repeat(item.substr(0, star));
+    if (!repeats) {
       return 0;
     }
     count = std::min(static_cast<std::size_t>(*repeats), values.size());

@@ -187,9 +187,8 @@ bool ListScanner::take_value(std::string_view text) {
   if (star == std::string_view::npos) {
     return give(text, 1) || reject(text);
   }
-  const std::string_view count_text = text.substr(0, star);
-  const std::optional<std::int32_t> count = parse_integer(count_text);
-  if (!count || is_sign(count_text.front()) || *count < 1 || *count > largest_repeat) {
+  const std::optional<std::int32_t> count = parse_repeat(text.substr(0, star));
+  if (!count) {
     return reject(text);
   }
   const std::string_view value = text.substr(star + 1);
@@ -273,6 +272,12 @@ std::optional<std::int32_t> parse_integer(std::string_view text) {
   const char* const last = text.data() + text.size();
   const std::from_chars_result end = std::from_chars(text.data(), last, value);
   return end.ec == std::errc{} && end.ptr == last ? std::optional(value) : std::nullopt;
+}
+
+std::optional<std::int32_t> parse_repeat(std::string_view text) {
+  const std::optional<std::int32_t> count = parse_integer(text);
+  return count && !is_sign(text.front()) && *count >= 1 && *count <= largest_repeat ? count
+                                                                                    : std::nullopt;
 }
 
 }  // namespace velmorankite::platform

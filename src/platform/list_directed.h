@@ -40,5 +40,7 @@ enum class list_result { complete, end_of_file, malformed };
 [[nodiscard]] std::optional<double> parse_real(std::string_view text);
 [[nodiscard]] std::optional<float> parse_single(std::string_view text);
 [[nodiscard]] std::optional<std::int32_t> parse_integer(std::string_view text);
+// The count of a repeat, without its star: digits alone, from 1 to 200 million.
+[[nodiscard]] std::optional<std::int32_t> parse_repeat(std::string_view text);
 
 }  // namespace velmorankite::platform

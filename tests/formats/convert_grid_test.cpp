@@ -278,6 +278,9 @@ TEST_F(Conversion, that_cannot_be_done_gives_its_status_and_no_output) {
   const example examples[] = {
       {"a.gxf", plain, Status{-1003}},
       {"a.gxf", gxf("", "1 2 3 4\n5 six 7 8\n"), Status{-1002}},
+      {"a.gxf", gxf("", "1 2 nan(3) 4\n"), Status{-1001}},
+      {"a.gxf", gxf("", "+2*1 2 3\n"), Status{-1001}},
+      {"a.gxf", gxf("", "333333333*\n5 6 7 8\n"), Status{-1001}},
       {"a.gxf", gxf("#GTYPE\n2\n", "%%&%!!%'\n\"\"%)&%\n%&"), Status{-1003}},
       {"a.gxf", gxf("", ""), Status{-1001}},
   };
