@@ -113,7 +113,7 @@ std::size_t SegmentSieve::sift_fans(const rectangle& r, const selection& from) {
     // Written so that a fan without a direction is kept wherever its disc reaches.
     const bool outside = outward(s, r) + across_spread(s, r) < -margin_;
     fans_[end] = &s;
-    end += (square(gap_x) + square(gap_y) <= farthest) & !outside ? 1 : 0;
+    end += ((square(gap_x) + square(gap_y) <= farthest) & !outside) ? 1 : 0;
   }
   // The margin of drop_beaten is good for rectangles up to the size of the band; larger ones are
   // hardly ever held by a fan.
