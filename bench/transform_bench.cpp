@@ -64,8 +64,8 @@ void fftw_forward_and_inverse(benchmark::State& state) {
   platform::LargeArray<float> array = noise(state.range(0));
   const auto side = static_cast<int>(state.range(0));
   auto* const data = reinterpret_cast<fftwf_complex*>(array.data());
-  const fftwf_plan forward = fftwf_plan_dft_2d(side, side, data, data, FFTW_FORWARD, FFTW_MEASURE);
-  const fftwf_plan inverse = fftwf_plan_dft_2d(side, side, data, data, FFTW_BACKWARD, FFTW_MEASURE);
+  fftwf_plan forward = fftwf_plan_dft_2d(side, side, data, data, FFTW_FORWARD, FFTW_MEASURE);
+  fftwf_plan inverse = fftwf_plan_dft_2d(side, side, data, data, FFTW_BACKWARD, FFTW_MEASURE);
   fill_with_noise(array.span());
   const float share = 1.0F / static_cast<float>(state.range(0) * state.range(0));
   for ([[maybe_unused]] auto step : state) {

@@ -15,7 +15,7 @@ class CellStatistics {
  public:
   // Sums run in double precision, cell after cell.
   void add(std::span<const float> cells) noexcept {
-    constexpr float infinity = std::numeric_limits<float>::infinity();
+    const float infinity = std::numeric_limits<float>::infinity();
     std::int32_t count = 0;
     float lowest = infinity;
     float highest = -infinity;

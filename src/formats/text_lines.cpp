@@ -158,7 +158,7 @@ class GridTextCodes final : public LineSource {
     return count;
   }
 
-  std::size_t decode_repeats(std::string_view line, std::span<float> cells) const {
+  [[nodiscard]] std::size_t decode_repeats(std::string_view line, std::span<float> cells) const {
     constexpr int no_repeats = 31;
     line = line.substr(0, line.find_last_not_of(' ') + 1);
     std::size_t filled = 0;

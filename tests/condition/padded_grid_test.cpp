@@ -15,6 +15,7 @@
 namespace velmorankite {
 namespace {
 
+using testing::cell_index;
 using testing::describe;
 using testing::first_difference;
 using testing::read_grid;
@@ -69,13 +70,13 @@ TEST_F(PaddedGrid, data_lie_in_the_middle_less_their_plane_and_the_edges_hold_th
           const int t = sense == 1 ? row - 1 : lattice.y_count - row + 1;
           const double plane = 41.0 + 0.25 * 10.0 * (column - 1) - 0.5 * 5.0 * t;
           const double expected = mode == 2 ? given : given - plane;
-          const auto i = static_cast<std::size_t>((row + 12) * 38 + column + 12);
-          EXPECT_EQ(cells[i], static_cast<float>(expected)) << column << " " << row;
+          EXPECT_EQ(cells[cell_index(column + 13, row + 13, 38)], static_cast<float>(expected))
+              << column << " " << row;
         }
       }
-      for (std::size_t i = 0; i < 38; ++i) {
-        EXPECT_EQ(cells[i], level);
-        EXPECT_EQ(cells[34 * 38 + i], level);
+      for (std::int32_t column = 1; column <= 38; ++column) {
+        EXPECT_EQ(cells[cell_index(column, 1, 38)], level);
+        EXPECT_EQ(cells[cell_index(column, 35, 38)], level);
       }
     }
   }

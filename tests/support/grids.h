@@ -1,6 +1,7 @@
 // Small standard grids for tests.
 // SPDX-License-Identifier: MIT
 #pragma once
+#include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <functional>
@@ -14,6 +15,11 @@ namespace velmorankite::testing {
 
 // Value of the cell at a column and a row, from 1 at the bottom left.
 using cell_function = std::function<float(std::int32_t column, std::int32_t row)>;
+
+// Place of a cell in an array of whole rows, row 1 first.
+constexpr std::size_t cell_index(std::int32_t column, std::int32_t row, std::int32_t x_count) {
+  return static_cast<std::size_t>(std::int64_t{row - 1} * x_count + column - 1);
+}
 
 // Writes a grid of 4-byte floats in one of the senses 1 and -2.
 void write_grid(const std::filesystem::path& path, const Lattice& lattice,

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "support/grids.h"
 #include "transform/responses.h"
 
 namespace velmorankite {
@@ -42,8 +43,9 @@ double gain(const std::vector<float>& weights, std::int32_t w, double u, double 
   double sum = 0.0;
   for (std::int32_t a = 1 - w; a < w; ++a) {
     for (std::int32_t b = 1 - w; b < w; ++b) {
-      sum += static_cast<double>(weights[static_cast<std::size_t>(std::abs(a) * w + std::abs(b))]) *
-             std::cos(TwoPi * (u * b + v * a));
+      sum +=
+          static_cast<double>(weights[testing::cell_index(std::abs(b) + 1, std::abs(a) + 1, w)]) *
+          std::cos(TwoPi * (u * b + v * a));
     }
   }
   return sum;
@@ -156,8 +158,7 @@ TEST(AsymmetricOperator, has_the_response_at_the_frequencies_that_it_was_sampled
         for (std::int32_t a = -4; a <= 4; ++a) {
           for (std::int32_t b = -4; b <= 4; ++b) {
             const double phase = -TwoPi * (k * b + l * a) / n;
-            const auto weight =
-                static_cast<double>(weights[static_cast<std::size_t>((a + 4) * n + b + 4)]);
+            const auto weight = static_cast<double>(weights[testing::cell_index(b + 5, a + 5, n)]);
             sum = sum + weight * complex_response{std::cos(phase), std::sin(phase)};
           }
         }

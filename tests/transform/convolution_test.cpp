@@ -17,6 +17,7 @@ namespace {
 
 using platform::BinaryFile;
 using platform::open_mode;
+using testing::cell_index;
 using testing::GridRun;
 using testing::TemporaryFolder;
 
@@ -30,7 +31,7 @@ class Pattern {
       : layout_{sense, columns, rows} {
     testing::write_grid(path(), {0.0, 0.0, 1.0, 1.0, columns, rows}, cell, sense);
   }
-  std::filesystem::path path() const { return folder_ / "g.grd"; }
+  [[nodiscard]] std::filesystem::path path() const { return folder_ / "g.grd"; }
   std::vector<float> symmetric(const std::vector<float>& weights, std::int32_t w,
                                std::int32_t filter = 101) {
     filter_parameters p;
@@ -70,9 +71,8 @@ TEST(SymmetricConvolution, spreads_a_spike_into_the_operator) {
         const int a = std::abs(row - 3);
         const float expected = edge             ? dummy
                                : a > 1 || b > 1 ? 0.0F
-                                                : weights[static_cast<std::size_t>(2 * a + b)];
-        EXPECT_EQ(out[static_cast<std::size_t>((row - 1) * 8 + column - 1)], expected)
-            << column << ", " << row;
+                                                : weights[cell_index(b + 1, a + 1, 2)];
+        EXPECT_EQ(out[cell_index(column, row, 8)], expected) << column << ", " << row;
       }
     }
   }
@@ -94,15 +94,14 @@ TEST(SymmetricConvolution, cells_are_summed_in_one_order_whatever_the_width_of_t
     for (int b = 1; b < 4; ++b)
       sum += weights[static_cast<std::size_t>(b)] * (c(b, 0) + c(-b, 0));
     for (int a = 1; a < 4; ++a) {
-      sum += weights[static_cast<std::size_t>(4 * a)] * (c(0, a) + c(0, -a));
+      sum += weights[cell_index(1, a + 1, 4)] * (c(0, a) + c(0, -a));
     }
     for (int a = 1; a < 4; ++a) {
       for (int b = 1; b < 4; ++b) {
-        sum += weights[static_cast<std::size_t>(4 * a + b)] *
-               (c(b, a) + c(-b, a) + c(b, -a) + c(-b, -a));
+        sum += weights[cell_index(b + 1, a + 1, 4)] * (c(b, a) + c(-b, a) + c(b, -a) + c(-b, -a));
       }
     }
-    EXPECT_EQ(out[static_cast<std::size_t>((y - 1) * 600 + x - 1)], sum) << x;
+    EXPECT_EQ(out[cell_index(x, y, 600)], sum) << x;
   }
 }
 
@@ -118,7 +117,7 @@ TEST(Convolution, does_not_reach_over_a_cell_without_data) {
   for (std::int32_t row = 2; row <= 8; ++row) {
     for (std::int32_t column = 2; column <= 8; ++column) {
       const bool near = std::abs(column - 5) <= 1 && std::abs(row - 5) <= 1;
-      const auto at = static_cast<std::size_t>((row - 1) * 9 + column - 1);
+      const std::size_t at = cell_index(column, row, 9);
       EXPECT_EQ(s[at], near ? dummy : 9.0F);
       EXPECT_EQ(a[at], near ? dummy : 9.0F);
     }
@@ -163,8 +162,7 @@ TEST(AsymmetricConvolution, puts_the_weight_of_a_lag_that_far_from_a_spike) {
     const std::vector<float> out = grid.asymmetric(weights, 3);
     for (std::int32_t a = -1; a <= 1; ++a) {
       for (std::int32_t b = -1; b <= 1; ++b) {
-        EXPECT_EQ(out[static_cast<std::size_t>((3 + a - 1) * 8 + 4 + b - 1)],
-                  weights[static_cast<std::size_t>((a + 1) * 3 + b + 1)])
+        EXPECT_EQ(out[cell_index(4 + b, 3 + a, 8)], weights[cell_index(b + 2, a + 2, 3)])
             << b << ", " << a;
       }
     }

@@ -64,7 +64,7 @@ TEST(FftArray, rows_run_from_the_north_in_both_storage_senses) {
         const std::int32_t column = i - 2 + 1;  // (16 - 11) / 2 ahead of it
         const std::int32_t row = 10 - (j - 3);  // (16 - 10) / 2
         const bool inside = column >= 1 && column <= 11 && row >= 1 && row <= 10;
-        const auto at = static_cast<std::size_t>(2 * (16 * j + i));
+        const std::size_t at = 2 * testing::cell_index(i + 1, j + 1, 16);
         ASSERT_EQ(array[at], inside ? cell(column, row) : 0.5F) << i << ", " << j;
         ASSERT_EQ(array[at + 1], 0.0F);
       }

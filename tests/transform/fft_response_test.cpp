@@ -9,6 +9,7 @@
 #include <thread>
 #include <vector>
 
+#include "support/grids.h"
 #include "transform/fourn.h"
 #include "transform/responses.h"
 
@@ -17,6 +18,11 @@ namespace {
 
 constexpr std::int32_t nx = 32;
 constexpr std::int32_t ny = 16;
+
+// Place of the real part of an array element.
+std::size_t element(std::int32_t i, std::int32_t j) {
+  return 2 * testing::cell_index(i + 1, j + 1, nx);
+}
 
 filter_parameters parameters_of(std::int32_t filter, float par_1 = 1.0F) {
   filter_parameters p;
@@ -41,8 +47,7 @@ std::vector<float> wave(double u, double v, double size, double lag) {
   std::vector<float> array(std::size_t{2} * nx * ny);
   for (std::int32_t j = 0; j < ny; ++j) {
     for (std::int32_t i = 0; i < nx; ++i) {
-      array[static_cast<std::size_t>(2 * (j * nx + i))] =
-          static_cast<float>(size * std::cos(TwoPi * (u * i - v * j) - lag));
+      array[element(i, j)] = static_cast<float>(size * std::cos(TwoPi * (u * i - v * j) - lag));
     }
   }
   return array;
@@ -106,7 +111,7 @@ TEST(FftResponse, every_element_takes_the_value_at_its_own_frequency) {
         const double v = (j < ny / 2 ? j : j - ny) / static_cast<double>(ny);
         complex_response value = response_at(traits_of(filter).response, p, u, v);
         if (filter == 102) value = ramp(std::hypot(u, v)) * value;
-        const auto at = static_cast<std::size_t>(2 * (j * nx + i));
+        const std::size_t at = element(i, j);
         const auto re = static_cast<float>(value.re);
         const auto im = static_cast<float>(value.im);
         EXPECT_NEAR(array[at], re, 2.0E-7F * (1.0F + std::abs(re)))

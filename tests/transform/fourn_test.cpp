@@ -166,7 +166,7 @@ TEST(Fourn, refuses_what_it_cannot_transform_and_leaves_the_data) {
                               {{1 << 30, 1 << 30, 1 << 30}, 1, fourn_short_array},
                               {{8, 8}, 0, fourn_bad_sign},
                               {{8, 8}, 2, fourn_bad_sign}};
-  const std::vector<float> before = rough_data(2 * 8 * 8);
+  const std::vector<float> before = rough_data(words_of({8, 8}));
   for (const example& e : examples) {
     std::vector<float> data = before;
     EXPECT_EQ(FOURN(data, e.dimensions, e.sign), e.status)

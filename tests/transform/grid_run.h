@@ -64,7 +64,7 @@ class GridRun {
   }
 
   // The real parts of the array on the padded grid, lowest row first.
-  std::vector<float> window() const {
+  [[nodiscard]] std::vector<float> window() const {
     std::vector<float> cells;
     std::vector<float> row_cells(static_cast<std::size_t>(geometry_.nxp));
     for (std::int32_t row = 1; row <= geometry_.nyp; ++row) {
@@ -75,7 +75,7 @@ class GridRun {
   }
 
   // The lattice of the grid inside its pad.
-  Lattice grid_lattice() const {
+  [[nodiscard]] Lattice grid_lattice() const {
     return {lattice_.x(1 + pad_of_width_1),
             lattice_.y(1 + pad_of_width_1),
             lattice_.x_cell,
@@ -94,7 +94,7 @@ class GridRun {
     for (std::int32_t row = 1 + margin; row <= lattice_.y_count - margin; ++row) {
       for (std::int32_t column = 1 + margin; column <= lattice_.x_count - margin; ++column) {
         const double expected = value(lattice_.x(column), lattice_.y(row));
-        const auto at = static_cast<std::size_t>((row - 1) * lattice_.x_count + column - 1);
+        const std::size_t at = cell_index(column, row, lattice_.x_count);
         largest = std::max(largest, std::abs(expected));
         error = std::max(error, std::abs(static_cast<double>(cells[at]) - expected));
       }
@@ -102,11 +102,11 @@ class GridRun {
     EXPECT_LT(error, tolerance * largest);
   }
 
-  const TemporaryFolder& folder() const { return folder_; }
+  [[nodiscard]] const TemporaryFolder& folder() const { return folder_; }
   platform::BinaryFile& file() { return file_; }
-  const RowLayout& layout() const { return layout_; }
-  const Lattice& lattice() const { return lattice_; }
-  const fft_geometry& geometry() const { return geometry_; }
+  [[nodiscard]] const RowLayout& layout() const { return layout_; }
+  [[nodiscard]] const Lattice& lattice() const { return lattice_; }
+  [[nodiscard]] const fft_geometry& geometry() const { return geometry_; }
   std::vector<float>& array() { return array_; }
   filter_parameters& parameters() { return parameters_; }
 

@@ -21,7 +21,6 @@ namespace velmorankite {
 namespace {
 
 using testing::describe;
-using testing::first_difference;
 using testing::read_file;
 using testing::read_grid;
 using testing::write_grid;
@@ -70,7 +69,7 @@ TEST_F(Transform, a_field_continued_upwards_is_that_of_the_deeper_source_where_t
     const std::vector<float> out = read_grid(folder / "out.grd");
     for (std::int32_t row = 12; row <= 36; row += 4) {
       for (std::int32_t column = 16; column <= 46; column += 5) {
-        const auto i = static_cast<std::size_t>((row - 1) * lattice.x_count + column - 1);
+        const std::size_t i = testing::cell_index(column, row, lattice.x_count);
         EXPECT_NEAR(out[i], attraction(column, row, 16.0), 0.5F) << column << " " << row;
       }
     }
@@ -204,7 +203,7 @@ TEST_F(Transform, the_hole_filter_gives_the_number_of_filled_cells) {
   r.int_par[1] = 1;
   r.pad_width = 0;
   EXPECT_GE(run(r).code, 5);
-  EXPECT_EQ(read_grid(folder / "out.grd"), std::vector<float>(61 * 47, 5.0F));
+  EXPECT_EQ(read_grid(folder / "out.grd"), std::vector<float>(std::size_t{61} * 47, 5.0F));
 }
 
 TEST_F(Transform, refusals_have_a_status_and_a_line_and_make_no_grid) {
