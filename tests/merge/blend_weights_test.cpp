@@ -3,12 +3,12 @@
 
 #include <gtest/gtest.h>
 
-#include <bit>
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <iterator>
 #include <numbers>
 #include <random>
-#include <string>
 #include <vector>
 
 #include "grid/dummy.h"
@@ -31,8 +31,7 @@ struct Band {
     fill_blend_weights(segments_of(line), window, blend_width, reach, weights);
   }
   [[nodiscard]] float at(std::int32_t column, std::int32_t row) const {
-    return weights[static_cast<std::size_t>(row - 1) * static_cast<std::size_t>(window.x_count) +
-                   static_cast<std::size_t>(column - 1)];
+    return weights[testing::cell_index(column, row, window.x_count)];
   }
   // The weight of the cell at a position.
   [[nodiscard]] float over(double x, double y) const {
@@ -71,26 +70,9 @@ TEST(BlendWeights, of_a_line_to_the_east_blend_to_the_north_and_are_grid_1_to_th
   }
 }
 
-TEST(BlendWeights, change_sides_with_the_direction_of_the_line) {
-  const stitch_line line{{-9.3, 3.1, 8.0}, {-7.2, 1.0, -6.4}};
-  const stitch_line reversed{{8.0, 3.1, -9.3}, {-6.4, 1.0, -7.2}};
-  const Band there(line, around_origin, 4.0F, 6.0F);
-  const Band back(reversed, around_origin, 4.0F, 6.0F);
-  int blended = 0;
-  for (std::size_t i = 0; i < there.weights.size(); ++i) {
-    const float a = there.weights[i];
-    const float b = back.weights[i];
-    EXPECT_EQ(a == dummy, b == dummy) << i;
-    if (a != dummy) {
-      EXPECT_NE(a == weight_grid_1, b == weight_grid_1) << i;
-    }
-    blended += a >= 0.0F ? 1 : 0;
-  }
-  EXPECT_GT(blended, 40);
-}
-
-TEST(BlendWeights, close_the_outer_side_of_a_bend_with_a_circular_sector) {
-  // From the south to the origin, then east: a right bend, its outer side is the north-west.
+TEST(BlendWeights, close_a_bend_with_a_circular_sector_and_keep_to_the_nearest_arm_inside_it) {
+  // From the south to the origin, then east: a right bend, its outer side is the north-west, its
+  // inner side the south-east, right of both arms.
   const Band right({{0, 0, 15}, {-15, 0, 0}}, around_origin, 8.0F, 10.0F);
   const Band left({{0, 0, -15}, {-15, 0, 0}}, around_origin, 8.0F, 10.0F);
   for (int x = -12; x < 0; ++x) {
@@ -107,16 +89,7 @@ TEST(BlendWeights, close_the_outer_side_of_a_bend_with_a_circular_sector) {
       }
       // Its mirror image is a left bend, with the outer side all on the right of the line.
       EXPECT_EQ(left.over(-x, y), distance > 10.0 ? dummy : weight_grid_1) << x << " " << y;
-    }
-  }
-}
-
-TEST(BlendWeights, follow_the_nearest_part_of_the_line_inside_a_bend) {
-  // The inner side of the right bend is the south-east: right of both arms.
-  const Band band({{0, 0, 15}, {-15, 0, 0}}, around_origin, 8.0F, 10.0F);
-  for (int x = 1; x <= 15; ++x) {
-    for (int y = -15; y < 0; ++y) {
-      EXPECT_EQ(band.over(x, y), std::min(x, -y) > 10 ? dummy : weight_grid_1) << x << " " << y;
+      EXPECT_EQ(right.over(-x, -y), std::min(-x, y) > 10 ? dummy : weight_grid_1) << x << " " << y;
     }
   }
 }
@@ -216,15 +189,6 @@ class LineMaker {
     }
     return line;
   }
-  stitch_line spiral(int count) {
-    stitch_line line;
-    for (int i = 0; i < count; ++i) {
-      const double r = 2.0 + 0.1 * i;
-      line.x.push_back(r * std::cos(0.3 * i) + uniform(-0.2, 0.2));
-      line.y.push_back(r * std::sin(0.3 * i) + uniform(-0.2, 0.2));
-    }
-    return line;
-  }
   // There and back along nearly the same way.
   stitch_line hairpin(int count) {
     stitch_line line = walk(count, 0.2, 0.5, 2.0);
@@ -240,8 +204,6 @@ class LineMaker {
   std::mt19937 random_;
 };
 
-class PlainReading : public ::testing::TestWithParam<const char*> {};
-
 // `line` where and as large as `window` lies, whatever its cells.
 stitch_line placed(stitch_line line, const Lattice& window) {
   for (std::size_t i = 0; i < line.x.size(); ++i) {
@@ -251,8 +213,20 @@ stitch_line placed(stitch_line line, const Lattice& window) {
   return line;
 }
 
-TEST_P(PlainReading, is_met_to_the_bit_by_the_pruned_one) {
-  const std::string kind = GetParam();
+TEST(BlendWeights, pruned_are_those_of_the_plain_reading_to_the_bit) {
+  struct line_kind {
+    const char* name;
+    stitch_line (*line)(LineMaker& make);
+  };
+  const line_kind kinds[] = {
+      {"smooth", [](LineMaker& make) { return make.walk(40, 0.3, 0.3, 4.0); }},
+      {"jagged", [](LineMaker& make) { return make.walk(60, 3.1, 0.3, 4.0); }},
+      {"minute", [](LineMaker& make) { return make.walk(300, 2.0, 0.0, 0.1); }},
+      {"long", [](LineMaker& make) { return make.walk(6, 2.0, 5.0, 200.0); }},
+      {"lattice", [](LineMaker& make) { return make.on_lattice(20, 15); }},
+      {"hairpin", [](LineMaker& make) { return make.hairpin(15); }},
+      {"far", [](LineMaker& make) { return make.on_lattice(4, 300); }},
+  };
   LineMaker make(20240229);
   const Lattice windows[] = {
       {-20.0, -20.0, 1.0, 1.0, 41, 41},
@@ -260,18 +234,11 @@ TEST_P(PlainReading, is_met_to_the_bit_by_the_pruned_one) {
       {430012.5, 6200000.1, 12.7, 25.4, 30, 47},
       {1e14, -1e14, 0.5, 0.5, 20, 20},  // hardly more than the rounding of the coordinates
   };
-  for (int round = 0; round < 24; ++round) {
+  for (int round = 0; round < 24 * static_cast<int>(std::size(kinds)); ++round) {
+    const line_kind& kind = kinds[static_cast<std::size_t>(round) % std::size(kinds)];
     for (const Lattice& window : windows) {
-      stitch_line line = kind == "smooth"    ? make.walk(40, 0.3, 0.3, 4.0)
-                         : kind == "jagged"  ? make.walk(60, 3.1, 0.3, 4.0)
-                         : kind == "minute"  ? make.walk(300, 2.0, 0.0, 0.1)
-                         : kind == "long"    ? make.walk(6, 2.0, 5.0, 200.0)
-                         : kind == "lattice" ? make.on_lattice(20, 15)
-                         : kind == "spiral"  ? make.spiral(120)
-                         : kind == "hairpin" ? make.hairpin(15)
-                                             : make.on_lattice(4, 300);
-      line = placed(line, window);
-      if (round % 2 == 0) {
+      stitch_line line = placed(kind.line(make), window);
+      if (make.uniform(0, 1) < 0.5) {
         line.x.push_back(line.x.front());
         line.y.push_back(line.y.front());
         (void)close_line(line, window.x_cell);
@@ -284,15 +251,10 @@ TEST_P(PlainReading, is_met_to_the_bit_by_the_pruned_one) {
       fill_blend_weights(segments, window, blend, reach, weights);
       ASSERT_EQ(testing::first_difference(plain_weights(segments, window, blend, reach), weights),
                 "")
-          << kind << " " << round << " " << window.x_cell << " " << blend << " " << reach;
+          << kind.name << " " << round << " " << window.x_cell << " " << blend << " " << reach;
     }
   }
 }
-
-INSTANTIATE_TEST_SUITE_P(BlendWeights, PlainReading,
-                         ::testing::Values("smooth", "jagged", "minute", "long", "lattice",
-                                           "spiral", "hairpin", "far"),
-                         [](const auto& kind) { return std::string(kind.param); });
 
 }  // namespace
 }  // namespace velmorankite

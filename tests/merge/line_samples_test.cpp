@@ -32,12 +32,10 @@ TEST(LineSamples, stand_one_step_apart_round_every_corner) {
   const Walk walk({{0, 2.5, 2.5, 0}, {0, 0, 2, 2}}, 1.0);
   EXPECT_EQ(walk.x, (doubles{0, 1, 2, 2.5, 2.5, 2, 1, 0}));
   EXPECT_EQ(walk.y, (doubles{0, 0, 0, 0.5, 1.5, 2, 2, 2}));
-}
-
-TEST(LineSamples, reach_the_end_and_the_corner_they_fall_on) {
-  const Walk walk({{0, 2, 2, 2}, {0, 0, 0, 2}}, 1.0);  // with a point in the corner
-  EXPECT_EQ(walk.x, (doubles{0, 1, 2, 2, 2}));
-  EXPECT_EQ(walk.y, (doubles{0, 0, 0, 1, 2}));
+  // They reach the end and the corner that they fall on, here with a point in it.
+  const Walk on_corner({{0, 2, 2, 2}, {0, 0, 0, 2}}, 1.0);
+  EXPECT_EQ(on_corner.x, (doubles{0, 1, 2, 2, 2}));
+  EXPECT_EQ(on_corner.y, (doubles{0, 0, 0, 1, 2}));
 }
 
 TEST(LineSamples, outside_the_window_are_dropped_and_those_on_its_limits_kept) {

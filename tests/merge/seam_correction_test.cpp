@@ -114,7 +114,7 @@ TEST_F(DriftingSeam, a_drift_over_many_correction_distances_is_taken_out_along_t
   double before = 0.0;
   for (std::int32_t row = 17; row <= 145; ++row) {  // a tenth of the line off either end
     const double wanted = drift(lattice.y(row));
-    const auto on_line = static_cast<std::size_t>((row - 1) * lattice.x_count + 60);
+    const std::size_t on_line = testing::cell_index(61, row, lattice.x_count);
     left += std::pow(wanted - static_cast<double>(correction[on_line]), 2);
     before += wanted * wanted;
     // Right of the line stands grid 1 (the line runs north), left of it grid 2 on its level.
@@ -137,32 +137,11 @@ TEST_F(DriftingSeam, grid_1_moves_the_other_way_when_it_is_the_one_to_be_adjuste
   ASSERT_EQ(stitch(), success) << why;
   const std::vector<float> correction = read_grid("seam_stitch_grid_smooth.grd");
   const std::vector<float> merged = read_grid("merged.grd");
-  const auto cell = static_cast<std::size_t>(80 * lattice.x_count + 100);
+  const std::size_t cell = testing::cell_index(101, 81, lattice.x_count);
   EXPECT_NEAR(merged[cell], read_grid("one.grd")[cell] - summary.mismatch.offset - correction[cell],
               1E-4F);
-  const auto far_left = static_cast<std::size_t>(80 * lattice.x_count + 53);
+  const std::size_t far_left = testing::cell_index(54, 81, lattice.x_count);
   EXPECT_EQ(merged[far_left], read_grid("two.grd")[far_left]);
-}
-
-TEST_F(DriftingSeam, a_seam_along_an_even_row_is_corrected_like_one_a_row_further) {
-  std::vector<float> of_row[2];
-  for (const int shift : {0, 1}) {
-    const double y = 790.0 + 10.0 * shift;
-    const auto value = [&](double x, double level_of) {
-      return static_cast<float>(level_of + 8.0 * std::sin(2.0 * 3.14159265358979 * x / 1200.0));
-    };
-    grid_1 = write("one.grd", [&](double x, double) { return value(x, 10.0); });
-    grid_2 = write("two.grd", [](double, double) { return 0.0; });
-    line = {{0.0, 600.0, 1200.0}, {y, y, y}};
-    ASSERT_EQ(GRIDSTITCH(parameters, grid_1, grid_2, line, summary, why), success) << why;
-    const std::vector<float> correction = read_grid("seam_stitch_grid_smooth.grd");
-    const auto first = static_cast<std::size_t>(std::lround(y / 10.0)) * 121;
-    of_row[shift].assign(correction.begin() + static_cast<std::ptrdiff_t>(first),
-                         correction.begin() + static_cast<std::ptrdiff_t>(first) + 121);
-  }
-  for (std::size_t i = 12; i < 109; ++i) {
-    EXPECT_NEAR(of_row[0][i], of_row[1][i], 0.03F * 8.0F) << i;
-  }
 }
 
 TEST_F(DriftingSeam, a_correction_that_cannot_be_made_leaves_nothing_of_itself) {

@@ -40,18 +40,10 @@ float terrain(const Lattice& lattice, std::int32_t column, std::int32_t row, dou
   return static_cast<float>(level + 20.0 * std::sin(x / 31.0) + 0.1 * y + 0.37 * scatter);
 }
 
-std::vector<double> spread(double first, double step, std::int32_t count) {
-  std::vector<double> places(static_cast<std::size_t>(count));
-  for (std::int32_t i = 0; i < count; ++i) {
-    places[static_cast<std::size_t>(i)] = first + i * step;
-  }
-  return places;
-}
-
 // Every cell of a lattice by one call of the interpolation a row.
 std::vector<float> resampled(const input_grid& grid, const Lattice& lattice) {
   std::vector<float> cells;
-  const std::vector<double> x = spread(lattice.x_min, lattice.x_cell, lattice.x_count);
+  const std::vector<double> x = x_of_columns(lattice);
   for (std::int32_t row = 1; row <= lattice.y_count; ++row) {
     const std::vector<double> y(x.size(), lattice.y(row));
     std::vector<float> values(x.size());
@@ -68,7 +60,7 @@ std::vector<float> resampled(const input_grid& grid, const Lattice& lattice) {
 input_grid filled(const std::vector<float>& cells, const Lattice& window,
                   const std::filesystem::path& scratch) {
   testing::write_grid(scratch, window, [&](std::int32_t column, std::int32_t row) {
-    return cells[static_cast<std::size_t>((row - 1) * window.x_count + column - 1)];
+    return cells[testing::cell_index(column, row, window.x_count)];
   });
   const std::filesystem::path path = scratch.string() + ".filled";
   float minimum = 0.0F;
@@ -111,8 +103,8 @@ std::vector<float> plain_stitch(const stitch_parameters& p, const input_grid& gr
       merge_cell cell{r_1[i], r_2[i], 0.0F, false, 0.0F, 0.0F, 0.0F};
       if (column >= w.first_column && column <= w.last_column && row >= w.first_row &&
           row <= w.last_row) {
-        const auto k = static_cast<std::size_t>((row - w.first_row) * window.x_count + column -
-                                                w.first_column);
+        const std::size_t k =
+            testing::cell_index(column - w.first_column + 1, row - w.first_row + 1, window.x_count);
         cell.in_window = true;
         cell.weight = band.weights[k];
         cell.filled_1 = cells_1[k];
