@@ -194,6 +194,15 @@ constexpr field_row geodass_fields[] = {
     real_at(17, stored::f32, &R::x_min),    real_at(21, stored::f32, &R::y_min),
 };
 
+// The header of a GMT grid does not tell doubles from floats, but doubles fill the file to its last
+// byte.
+void cells_by_size(const grid_file& file, std::span<const std::byte>, grid_description& grid) {
+  const std::int64_t bytes = file.size - grid.ints.data_offset;
+  if (bytes % 8 == 0 && bytes / 8 == std::int64_t{grid.ints.x_count} * grid.ints.y_count) {
+    grid.ints.element_code = 8;
+  }
+}
+
 constexpr field_row vulcan_fields[] = {
     count_at(0, stored::f64_decoded, &I::x_count), count_at(8, stored::f64_decoded, &I::y_count),
     real_at(16, stored::f64_decoded, &R::x_cell),  real_at(24, stored::f64_decoded, &R::y_cell),
@@ -232,7 +241,7 @@ constexpr fixed_header fixed_headers[] = {
      geodass_fields},
     {format_vulcan, 80, 592, -8, 1, kind_decoded, unknown::none, vulcan_dummy, nothing_more,
      vulcan_fields},
-    {format_gmt, 0, 892, 4, -2, kind_float, unknown::none, standard_dummy, nothing_more, {}},
+    {format_gmt, 0, 892, 4, -2, kind_float, unknown::none, standard_dummy, cells_by_size, {}},
     {format_newmont, 25, 485, 4, -1, kind_float, unknown::all, standard_dummy,
      lowest_from_highest_y, newmont_fields},
 };

@@ -101,8 +101,9 @@ TEST_F(Conversion, reads_what_other_programs_wrote) {
   }
   for (const char* name :
        {"surfer/surfer6.grd", "surfer/surfer6_gmt.grd", "surfer/surfer7.grd", "gmt/native.grd",
-        "gmt/native_pixel.grd", "netcdf/field.nc", "netcdf/double.nc", "netcdf/short.nc",
-        "netcdf/int.nc", "netcdf/byte.nc", "netcdf/older.grd", "netcdf/offsets64.nc"}) {
+        "gmt/native_pixel.grd", "gmt/native_double.grd", "netcdf/field.nc", "netcdf/double.nc",
+        "netcdf/short.nc", "netcdf/int.nc", "netcdf/byte.nc", "netcdf/older.grd",
+        "netcdf/offsets64.nc"}) {
     SCOPED_TRACE(name);
     ASSERT_EQ(convert(test_data(name)), success);
     expect_cells(binary_field);
