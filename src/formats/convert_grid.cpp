@@ -316,7 +316,13 @@ Status GRDRDG(std::string_view input, std::string_view output, grid_description&
   }
 }
 
-std::string words_of_conversion(Status status) {
+std::string words_of_conversion(Status status, const grid_description& grid) {
+  if (storage_of(grid.ints) == cell_storage::images && status == conversion_impossible) {
+    std::string name;
+    std::string mask;
+    (void)GET_GRID_FORMAT_NAME(grid.ints.format_code, name, mask);
+    return "files of format \"" + name + "\" hold images, which are not converted to grids";
+  }
   const std::string_view words = status_text("GRDRDG", status);
   if (!words.empty()) {
     return std::string(words);

@@ -97,7 +97,7 @@ bool MergeRun::convert(const std::filesystem::path& path, std::string_view stem,
   const Status status =
       convert_to_scratch(path.string(), stem, prepared.grid.description, prepared.converted);
   if (status.failed()) {
-    remark(path, words_of_conversion(status));
+    remark(path, words_of_conversion(status, prepared.grid.description));
     return false;
   }
   prepared.grid.path = prepared.converted.path();
