@@ -176,51 +176,45 @@ TEST(AsymmetricOperator, has_the_response_at_the_frequencies_that_it_was_sampled
   }
 }
 
-TEST(AsymmetricOperator, of_a_filter_without_a_response_is_all_ones) {
-  std::vector<float> weights(9);
-  for (const std::int32_t filter : {102, 200, 205, 212}) {
-    EXPECT_EQ(WTASYM(parameters_of(filter), 3, weights, no_log), operator_without_response);
-    EXPECT_EQ(weights, std::vector<float>(9, 1.0F));
-  }
-}
-
-TEST(AsymmetricOperator, needs_an_odd_number_of_points_and_room_for_them) {
+TEST(AsymmetricOperator, needs_a_response_and_an_odd_number_of_points_with_room_for_them) {
   std::vector<float> weights(16);
-  EXPECT_EQ(WTASYM(parameters_of(204), 4, weights, no_log), operator_size_invalid);
-  EXPECT_EQ(WTASYM(parameters_of(204), 5, weights, no_log), operator_size_invalid);
-  EXPECT_EQ(WTASYM(parameters_of(204), -3, weights, no_log), operator_size_invalid);
+  for (const std::int32_t filter : {102, 200, 205, 212}) {
+    EXPECT_EQ(WTASYM(parameters_of(filter), 3, std::span(weights).first(9), no_log),
+              operator_without_response);
+    EXPECT_EQ(weights[8], 1.0F);
+  }
+  for (const std::int32_t points : {4, 5, -3}) {
+    EXPECT_EQ(WTASYM(parameters_of(204), points, weights, no_log), operator_size_invalid);
+  }
   EXPECT_EQ(WTASYM(parameters_of(204), 1, weights, no_log), success);
 }
 
 TEST(FilterCoefficients, come_from_the_designer_of_their_index) {
   std::vector<float> weights(25, -1.0F);
-  ASSERT_EQ(CALC_FILTER_COEFFICIENTS(101, 0, 0, 0.0F, 0.0F, 1.5F, 0.0F, 0.0F, 10.0, 10.0, 0.0, 5, 5,
-                                     weights),
-            success);
+  const auto calculate = [&](std::int32_t filter, float par_1, float par_2, double azimuth,
+                             std::int32_t rows) {
+    return CALC_FILTER_COEFFICIENTS(filter, 0, 0, 0.0F, 0.0F, par_1, par_2, 0.0F, 10.0, 5.0,
+                                    azimuth, 5, rows, weights);
+  };
+  ASSERT_EQ(calculate(101, 1.5F, 0.0F, 0.0, 5), success);
   const std::vector<float> upward = symmetric(parameters_of(101, 1.5F), 3);
   EXPECT_EQ(std::vector<float>(weights.begin(), weights.begin() + 9), upward);
   EXPECT_EQ(weights[9], -1.0F);
 
-  ASSERT_EQ(CALC_FILTER_COEFFICIENTS(204, 0, 0, 0.0F, 0.0F, 1.0F, 0.0F, 0.0F, 10.0, 5.0, 90.0, 5, 5,
-                                     weights),
-            success);
+  ASSERT_EQ(calculate(204, 1.0F, 0.0F, 90.0, 5), success);
   filter_parameters p = parameters_of(204);
   p.CellX = 10.0;
   p.CellY = 5.0;
   set_direction(p, 90.0);
   EXPECT_EQ(weights, asymmetric(p, 5));
 
-  ASSERT_EQ(CALC_FILTER_COEFFICIENTS(201, 0, 0, 0.0F, 0.0F, 25.0F, 60.0F, 0.0F, 10.0, 5.0, 0.0, 5,
-                                     5, weights),
-            success);
+  ASSERT_EQ(calculate(201, 25.0F, 60.0F, 0.0, 5), success);
   p = parameters_of(201, 25.0F);
   p.Par2 = p.Par4 = 60.0F;
   p.Par3 = 25.0F;
   MAGDIRCOS(p);
   EXPECT_EQ(weights, asymmetric(p, 5));
-  EXPECT_EQ(CALC_FILTER_COEFFICIENTS(201, 0, 0, 0.0F, 0.0F, 25.0F, 60.0F, 0.0F, 10.0, 5.0, 0.0, 5,
-                                     3, weights),
-            operator_size_invalid);
+  EXPECT_EQ(calculate(201, 25.0F, 60.0F, 0.0, 3), operator_size_invalid);
 }
 
 }  // namespace

@@ -7,10 +7,9 @@
 #include <cstddef>
 #include <vector>
 
-#include "platform/io_error.h"
 #include "support/failing_system.h"
-#include "transform/convolution_design.h"
-#include "transform/grid_run.h"
+#include "support/grids.h"
+#include "support/temporary_folder.h"
 
 namespace velmorankite {
 namespace {
@@ -18,10 +17,7 @@ namespace {
 using platform::BinaryFile;
 using platform::open_mode;
 using testing::cell_index;
-using testing::GridRun;
 using testing::TemporaryFolder;
-
-const log_sink no_log = [](std::string_view) {};
 
 // A grid file with a small pattern in it, and the passes over it in place.
 class Pattern {
@@ -169,6 +165,13 @@ TEST(AsymmetricConvolution, puts_the_weight_of_a_lag_that_far_from_a_spike) {
     EXPECT_EQ(out[8], 0.0F);
     EXPECT_EQ(out[7 * 6 - 1], 0.0F);
   }
+  // To another file the input stays.
+  Pattern grid(8, 6, spike);
+  const BinaryFile input(grid.path(), open_mode::read);
+  BinaryFile output = BinaryFile::anonymous();
+  WTCONVA(weights, 3, {input, {1, 8, 6}, output, {1, 8, 6}});
+  EXPECT_EQ(output.read_value<float>(512 + 4 * (2 * 8 + 3) + 1), 5.0F);
+  EXPECT_EQ(testing::read_grid(grid.path())[2 * 8 + 3], 1.0F);
 }
 
 TEST(Convolution, of_a_grid_smaller_than_the_operator_is_all_edge) {
@@ -178,91 +181,22 @@ TEST(Convolution, of_a_grid_smaller_than_the_operator_is_all_edge) {
   EXPECT_EQ(narrow.asymmetric(std::vector<float>(25, 1.0F), 5), std::vector<float>(36, 0.0F));
 }
 
-TEST(Convolution, can_write_to_another_file) {
-  Pattern grid(8, 6, spike);
-  const BinaryFile input(grid.path(), open_mode::read);
-  BinaryFile output = BinaryFile::anonymous();
-  const RowLayout layout{1, 8, 6};
-  WTCONVA(std::vector<float>{0.0F, 0.0F, 0.0F, 0.0F, 2.0F, 0.0F, 0.0F, 0.0F, 0.0F}, 3,
-          {input, layout, output, layout});
-  EXPECT_EQ(output.read_value<float>(512 + 4 * (2 * 8 + 3) + 1), 2.0F);
-  EXPECT_EQ(testing::read_grid(grid.path())[2 * 8 + 3], 1.0F);
-}
-
 TEST(Convolution, that_cannot_read_or_write_is_an_error) {
   for (const testing::system_call call :
        {testing::system_call::read, testing::system_call::write}) {
     Pattern grid(8, 6, spike);
     BinaryFile file(grid.path(), open_mode::read_write);
     const RowLayout layout{1, 8, 6};
-    int errors = 0;
+    bool done = false;
     const int failures = testing::fail_each_call(
         call, EIO,
         [&] {
-          try {
-            WTCONVA(std::vector<float>(9, 1.0F), 3, {file, layout, file, layout});
-          } catch (const platform::IoError&) {
-            ++errors;
-            throw;
-          }
+          done = false;
+          WTCONVA(std::vector<float>(9, 1.0F), 3, {file, layout, file, layout});
+          done = true;
         },
-        [](int) {});
+        [&](int nth) { EXPECT_FALSE(done) << nth; });
     EXPECT_EQ(failures, 6);
-    EXPECT_EQ(errors, 6);
-  }
-}
-
-// A filter means the same on both roads: a smooth field away from the edges.
-TEST(Convolution, agrees_with_the_fft_road_in_sign_and_size) {
-  const auto hill = [](double x, double y) {
-    return std::exp(-((x - 5.0) * (x - 5.0) + 2.0 * (y + 6.0) * (y + 6.0)) / 120.0) -
-           0.5 * std::exp(-((x + 15.0) * (x + 15.0) + (y - 9.0) * (y - 9.0)) / 90.0);
-  };
-  // Without a high cut the response of a derivative jumps at the Nyquist frequency, and an
-  // operator of any width rings.
-  struct example {
-    std::int32_t filter;
-    std::array<float, real_parameters> reals;
-    float high_cut;
-    double tolerance;
-  };
-  const example examples[] = {
-      {101, {4.0F}, 0.0F, 0.03},        {102, {1.0F}, 0.0F, 0.04},
-      {204, {1.0F, 90.0F}, 1.0F, 0.02}, {204, {1.0F, 0.0F}, 1.0F, 0.02},
-      {204, {1.0F, 30.0F}, 1.0F, 0.02}, {204, {2.0F, 0.0F}, 1.0F, 0.02},
-      {206, {1.0F, 30.0F}, 1.0F, 0.04}, {208, {1.0F, 0.0F}, 1.0F, 0.04},
-  };
-  constexpr std::int32_t w = 20;
-  for (const std::int32_t sense : {1, -2}) {
-    for (const example& e : examples) {
-      GridRun run(128, 128, 2.0, 2.0, sense,
-                  [&](double x, double y) { return hill(0.5 * x, 0.5 * y); });
-      run.high_cut = e.high_cut;
-      const std::vector<float> by_fft = run.filtered(e.filter, e.reals);
-      run.load(e.filter, e.reals);
-      const std::int32_t n = full_points(w);
-      std::vector<float> weights(static_cast<std::size_t>(n * n));
-      ASSERT_EQ(WTDESIGN(run.parameters(), n, weights, no_log), success);
-      const convolution_grids grids{run.file(), run.layout(), run.file(), run.layout()};
-      if (e.filter < 200) {
-        WTCONVS(weights, w, run.parameters(), grids);
-      } else {
-        WTCONVA(weights, n, grids);
-      }
-      run.file().close();
-      const std::vector<float> by_operator = testing::read_grid(run.folder() / "padded.grd");
-      double largest = 0.0;
-      double error = 0.0;
-      for (std::size_t row = 40; row < 88; ++row) {
-        for (std::size_t column = 40; column < 88; ++column) {
-          const auto expected = static_cast<double>(by_fft[row * 128 + column]);
-          largest = std::max(largest, std::abs(expected));
-          error = std::max(
-              error, std::abs(static_cast<double>(by_operator[row * 128 + column]) - expected));
-        }
-      }
-      EXPECT_LT(error, e.tolerance * largest) << e.filter << " in sense " << sense;
-    }
   }
 }
 

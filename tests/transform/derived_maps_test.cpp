@@ -35,57 +35,38 @@ TEST(DerivedMaps, cells_by_their_three_components) {
   }
 }
 
-TEST(DerivedMaps, are_chosen_by_the_filter_and_its_option) {
-  const auto map = [](std::int32_t filter, std::int32_t option) {
-    filter_parameters p;
-    p.FilterNo = filter;
-    p.Opt2 = option;
-    return derived_map_of(p);
+TEST(DerivedMaps, and_the_passes_to_them_are_chosen_by_the_filter_and_its_options) {
+  using D = derived_map;
+  using G = gradient_passes;
+  struct example {
+    std::int32_t filter, opt_2, opt_3;
+    derived_map map;
+    gradient_passes passes;
   };
-  EXPECT_EQ(map(106, 1), derived_map::total_gradient);
-  EXPECT_EQ(map(111, 1), derived_map::total_gradient);
-  EXPECT_EQ(map(212, 2), derived_map::total_gradient);
-  EXPECT_EQ(map(109, 0), derived_map::tilt);
-  EXPECT_EQ(map(109, 1), derived_map::theta);
-  EXPECT_EQ(map(109, 2), derived_map::tdx);
-  EXPECT_EQ(map(109, 3), derived_map::tilt);
+  const example examples[] = {{106, 1, 0, D::total_gradient, G::derivatives},
+                              {107, 0, 0, D::total_gradient, G::euler_derivatives},
+                              {109, 0, 0, D::tilt, G::derivatives},
+                              {109, 1, 1, D::theta, G::components},
+                              {109, 2, 2, D::tdx, G::derivatives},
+                              {109, 3, 0, D::tilt, G::derivatives},
+                              {111, 0, 1, D::total_gradient, G::none},
+                              {111, 1, 0, D::total_gradient, G::derivatives},
+                              {212, 2, 0, D::total_gradient, G::kept_components},
+                              {101, 1, 1, D::total_gradient, G::none}};
+  for (const example& e : examples) {
+    filter_parameters p;
+    p.FilterNo = e.filter;
+    p.Opt2 = e.opt_2;
+    p.Opt3 = e.opt_3;
+    EXPECT_EQ(derived_map_of(p), e.map) << e.filter << " " << e.opt_2;
+    EXPECT_EQ(gradient_passes_of(p), e.passes) << e.filter << " " << e.opt_3;
+  }
 }
 
 TEST(DerivedMaps, components_are_named_beside_the_output) {
-  struct example {
-    const char* output;
-    const char* first;
-  };
-  const example examples[] = {{"a.b.grd", "a.b_Tx.grd"},
-                              {"a_WDtmp.grd", "a_Tx.grd"},
-                              {"a_WDtmp.x_WDtmp.grd.grd  ", "a_WDtmp.x_Tx.grd"},
-                              {"plain", "plain_Tx.grd"},
-                              {"/v1.2/plain", "/v1.2/plain_Tx.grd"},
-                              {"/v1.2/a.grd", "/v1.2/a_Tx.grd"}};
-  for (const example& e : examples) {
-    EXPECT_EQ(component_names(e.output)[0], e.first);
-  }
-  EXPECT_EQ(component_names("a.grd")[1], "a_Ty.grd");
-  EXPECT_EQ(component_names("a.grd")[2], "a_Tz.grd");
-}
-
-TEST(GradientStage, filters_have_their_own_passes) {
-  const auto passes = [](std::int32_t filter, std::int32_t opt_2, std::int32_t opt_3) {
-    filter_parameters p;
-    p.FilterNo = filter;
-    p.Opt2 = opt_2;
-    p.Opt3 = opt_3;
-    return gradient_passes_of(p);
-  };
-  EXPECT_EQ(passes(106, 0, 0), gradient_passes::derivatives);
-  EXPECT_EQ(passes(107, 0, 0), gradient_passes::euler_derivatives);
-  EXPECT_EQ(passes(109, 0, 0), gradient_passes::derivatives);
-  EXPECT_EQ(passes(109, 0, 1), gradient_passes::components);
-  EXPECT_EQ(passes(109, 0, 2), gradient_passes::derivatives);
-  EXPECT_EQ(passes(111, 0, 1), gradient_passes::none);
-  EXPECT_EQ(passes(111, 1, 0), gradient_passes::derivatives);
-  EXPECT_EQ(passes(212, 0, 0), gradient_passes::kept_components);
-  EXPECT_EQ(passes(101, 1, 1), gradient_passes::none);
+  EXPECT_EQ(component_names("a_WDtmp.x_WDtmp.grd.grd  ")[0], "a_WDtmp.x_Tx.grd");
+  EXPECT_EQ(component_names("/v1.2/plain")[1], "/v1.2/plain_Ty.grd");
+  EXPECT_EQ(component_names("/v1.2/a.b.grd")[2], "/v1.2/a.b_Tz.grd");
 }
 
 // An input with holes: the mean is that of the valid cells alone, and the whole window loses it.

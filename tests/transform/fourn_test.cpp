@@ -97,6 +97,10 @@ TEST(Fourn, rounds_as_the_textbook_loop_does_bit_for_bit) {
       std::vector<float> expected = rough_data(words_of(dimensions));
       std::vector<float> actual = expected;
       textbook(expected, dimensions, sign);
+      for (const float behind : {1.0F, 2.0F, 3.0F}) {  // stays as it is
+        expected.push_back(behind);
+        actual.push_back(behind);
+      }
       ASSERT_EQ(FOURN(actual, dimensions, sign), success);
       EXPECT_EQ(testing::first_difference(expected, actual), "")
           << ::testing::PrintToString(dimensions) << " sign " << sign;
@@ -140,17 +144,6 @@ TEST(Fourn, one_wave_gathers_in_one_element_of_the_forward_transform) {
   }
 }
 
-TEST(Fourn, forward_and_inverse_give_the_data_times_their_number) {
-  const dimension_list dimensions{64, 16, 4};
-  const std::vector<float> before = rough_data(words_of(dimensions));
-  std::vector<float> data = before;
-  ASSERT_EQ(FOURN(data, dimensions, 1), success);
-  ASSERT_EQ(FOURN(data, dimensions, -1), success);
-  for (std::size_t i = 0; i < data.size(); ++i) {
-    EXPECT_NEAR(data[i] / 4096.0F, before[i], 2.0E-5) << i;
-  }
-}
-
 TEST(Fourn, refuses_what_it_cannot_transform_and_leaves_the_data) {
   struct example {
     dimension_list dimensions;
@@ -173,15 +166,6 @@ TEST(Fourn, refuses_what_it_cannot_transform_and_leaves_the_data) {
         << ::testing::PrintToString(e.dimensions);
     EXPECT_EQ(data, before);
   }
-}
-
-TEST(Fourn, words_behind_the_array_stay) {
-  std::vector<float> data(2 * 4 * 4 + 3, 1.0F);
-  const std::int32_t dimensions[] = {4, 4};
-  ASSERT_EQ(FOURN(data, dimensions, 1), success);
-  EXPECT_EQ(data[0], 16.0F);
-  EXPECT_EQ(data[32], 1.0F);
-  EXPECT_EQ(data[34], 1.0F);
 }
 
 }  // namespace

@@ -363,21 +363,5 @@ TEST(MagneticResponses, apparent_susceptibility_goes_down_and_spreads_over_prism
   });
 }
 
-TEST(Responses, have_the_symmetry_that_their_row_of_the_table_says) {
-  P p = facing(with({1.5F, 20.0F, 5.0F}, 3, -4), 33.0);
-  p.LoCut = 0.3F;
-  for (std::uint8_t id = 0; id <= static_cast<std::uint8_t>(R::field_z); ++id) {
-    const response_symmetry symmetry = response_of(static_cast<R>(id)).symmetry;
-    const auto at = [&](double u, double v) { return response_at(static_cast<R>(id), p, u, v).re; };
-    if (symmetry != response_symmetry::none) {
-      EXPECT_DOUBLE_EQ(at(-0.03, -0.04), at(0.03, 0.04)) << int{id};
-    }
-    if (symmetry == response_symmetry::axes) {
-      EXPECT_EQ(at(-0.03, 0.04), at(0.03, 0.04)) << int{id};
-      EXPECT_EQ(at(0.03, -0.04), at(0.03, 0.04)) << int{id};
-    }
-  }
-}
-
 }  // namespace
 }  // namespace velmorankite

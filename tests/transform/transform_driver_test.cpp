@@ -158,17 +158,18 @@ TEST_F(Transform, both_roads_mean_the_same_by_a_filter) {
     std::int32_t filter;
     float first, second;
     double tolerance;
+    std::int32_t opt_2 = 0;
   };
-  const example examples[] = {{101, 4.0F, 0.0F, 0.1},
-                              {102, 1.0F, 0.0F, 0.2},
-                              {106, 1.0F, 0.0F, 0.2},
-                              {204, 1.0F, 90.0F, 0.6},
-                              {204, 1.0F, 0.0F, 0.6}};
+  const example examples[] = {
+      {101, 4.0F, 0.0F, 0.1}, {102, 1.0F, 0.0F, 0.2},
+      {106, 1.0F, 0.0F, 0.2}, {204, 1.0F, 90.0F, 0.6},
+      {204, 1.0F, 0.0F, 0.6}, {111, 1.0F, 0.0F, 0.6, 1}};  // two passes, in their order
   for (const std::int32_t sense : {1, -2}) {
     write_grid(folder / "in.grd", lattice, field, sense);
     for (const example& e : examples) {
       transform_request r = request(e.filter, e.first);
       r.real_par[1] = e.second;
+      r.int_par[1] = e.opt_2;
       r.filter_width = 12;
       ASSERT_EQ(run(r), success);
       const std::vector<float> by_fft = read_grid(folder / "out.grd");

@@ -109,6 +109,10 @@ TEST(FilterCatalogue, each_filter_logs_its_title_and_then_its_fields) {
     EXPECT_EQ(result.parameters.ShortName, e.short_name) << e.call.filter;
     EXPECT_EQ(result.parameters.FilterNo, e.call.filter);
   }
+  // The ensemble keeps the name of the run before, the one without a name does not.
+  const filter_parameters before = load({102}).parameters;
+  EXPECT_EQ(load({205}, before).parameters.ShortName, "VG");
+  EXPECT_EQ(load({113}, before).parameters.ShortName, "");
 }
 
 TEST(FilterCatalogue, distances_come_in_cells_of_the_x_axis) {
@@ -157,12 +161,6 @@ TEST(FilterCatalogue, order_of_a_horizontal_derivative_must_not_vanish) {
   EXPECT_EQ(load({205, {}, {0.0F}}).status, success);
 }
 
-TEST(FilterCatalogue, the_ensemble_keeps_the_name_of_the_run_before) {
-  const filter_parameters before = load({102}).parameters;
-  EXPECT_EQ(load({205}, before).parameters.ShortName, "VG");
-  EXPECT_EQ(load({113}, before).parameters.ShortName, "");
-}
-
 TEST(FilterCatalogue, azimuths_are_brought_into_their_range) {
   struct example {
     std::int32_t filter;
@@ -177,12 +175,8 @@ TEST(FilterCatalogue, azimuths_are_brought_into_their_range) {
     call.azimuth = e.given;
     EXPECT_EQ(load(call).parameters.Azim, e.loaded) << e.filter << " at " << e.given;
   }
-}
-
-TEST(FilterCatalogue, strike_operator_gets_the_cosine_and_sine_of_the_strike) {
-  filter_call call{115, {}, {20.0F, 10.0F, 2.0F}};
-  call.azimuth = 210.0F;
-  call.road = 0;
+  // An operator of the strike filter gets its cosine and sine.
+  const filter_call call{115, {}, {20.0F, 10.0F, 2.0F}, 0.0F, 0.0F, 210.0F, 0};
   const filter_parameters p = load(call).parameters;
   EXPECT_FLOAT_EQ(p.Par2, std::sqrt(0.75F));
   EXPECT_FLOAT_EQ(p.Par3, 0.5F);
