@@ -263,7 +263,14 @@ Status read_ermapper_header(header_source& source, grid_description& grid, grid_
   place_lattice(header);
   if (grid.ints.element_code == 2) {
     constexpr double null_scale_of_16_bits = 1000.0;
-    grid.reals.dummy_value /= null_scale_of_16_bits;
+    constexpr double largest_of_16_bits = 65535.0;
+    const double null = grid.reals.dummy_value;
+    grid.reals.dummy_value = null / null_scale_of_16_bits;
+    if (null != 0.0 && std::abs(null) <= largest_of_16_bits) {
+      texts.advice.emplace_back(
+          "the null value of this ER Mapper grid of 2-byte cells is divided by 1000; if its writer "
+          "meant it as it stands, convert the grid to 4-byte cells first");
+    }
   }
   if (header.big_endian) {
     grid.ints.element_code = -grid.ints.element_code;

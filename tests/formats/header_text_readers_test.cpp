@@ -110,6 +110,9 @@ TEST_F(TextHeader, ermapper_angles_and_null_values) {
   EXPECT_EQ(grid.reals.x_min, 0.5);
   EXPECT_DOUBLE_EQ(grid.reals.y_max, -10.26);
   EXPECT_EQ(grid.reals.dummy_value, -1.0E32 / 1000.0);
+  EXPECT_TRUE(texts.advice.empty());
+  ASSERT_EQ(status_of("a.ers", with(ers, "-32768000", "-9999")), 0);
+  EXPECT_EQ(texts.advice.size(), 1U);
   EXPECT_EQ(status_of("a.ers", with(ers, "Ydimension = 3", "Ydimension = 0")), -2904);
   std::string few = ers;
   for (const char* item : {"CellType", "Eastings", "NrOfLines"}) {
