@@ -19,7 +19,6 @@
 #include "grid/grid_rows.h"
 #include "grid/scratch_names.h"
 #include "grid/standard_header.h"
-#include "grid/status_text.h"
 #include "platform/file_tests.h"
 #include "platform/io_error.h"
 #include "platform/large_array.h"
@@ -314,24 +313,6 @@ Status GRDRDG(std::string_view input, std::string_view output, grid_description&
   } catch (const std::bad_alloc&) {
     return conversion_impossible;
   }
-}
-
-std::string words_of_conversion(Status status, const grid_description& grid) {
-  if (storage_of(grid.ints) == cell_storage::images && status == conversion_impossible) {
-    std::string name;
-    std::string mask;
-    (void)GET_GRID_FORMAT_NAME(grid.ints.format_code, name, mask);
-    return "files of format \"" + name + "\" hold images, which are not converted to grids";
-  }
-  const std::string_view words = status_text("GRDRDG", status);
-  if (!words.empty()) {
-    return std::string(words);
-  }
-  if (status.code < text_line_unread) {
-    return "line " + std::to_string(text_line_unread - status.code) +
-           " of the cells cannot be read";
-  }
-  return "line " + std::to_string(-status.code) + " of the file cannot be read";
 }
 
 bool is_read_in_place(const grid_description& grid) noexcept {

@@ -1,7 +1,6 @@
 // Conversion of any grid file to the standard grid.
 // SPDX-License-Identifier: MIT
 #pragma once
-#include <string>
 #include <string_view>
 
 #include "formats/grid_description.h"
@@ -32,9 +31,6 @@ inline constexpr Status expansion_unplaced{-10902};
 // opened or the output not be written.
 Status GRDRDG(std::string_view input, std::string_view output, grid_description& grid,
               grid_window& window);
-
-// What a failed conversion of a grid means, in words: the number of a stored line too.
-[[nodiscard]] std::string words_of_conversion(Status status, const grid_description& grid);
 
 // Whether the routines of the system read a grid in place: a plain standard grid of 4-byte floats,
 // stored by rows, whose cells are true values. Every other grid is converted first.

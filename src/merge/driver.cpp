@@ -7,9 +7,9 @@
 
 #include "formats/convert_grid.h"
 #include "formats/describe_grid.h"
+#include "formats/failure_words.h"
 #include "grid/cell_position.h"
 #include "grid/standard_header.h"
-#include "grid/status_text.h"
 #include "merge/definitions.h"
 #include "merge/stitch.h"
 #include "merge/stitch_line.h"
@@ -84,8 +84,7 @@ bool MergeRun::describe(const std::filesystem::path& path, grid_description& gri
   }
   if (status.failed()) {
     say("Failed to determine the grid file format");
-    const std::string_view words = status_text("GRDRDH", status);
-    remark(path, words.empty() ? "status " + std::to_string(status.code) : std::string(words));
+    remark(path, words_of_description(status, grid));
     return false;
   }
   return true;
