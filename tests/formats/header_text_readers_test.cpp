@@ -195,6 +195,7 @@ TEST_F(TextHeader, the_file_beside_a_float_grid_may_end_with_its_keywords) {
   write_file(folder / "a.hdr", lines + "byteorder MSBFIRST\n");
   ASSERT_EQ(GRDRDH((folder / "a.flt").string(), grid, texts), success);
   EXPECT_EQ(grid.ints.element_code, -4);
+  EXPECT_EQ(grid.ints.element_kind, 2);
   EXPECT_EQ(grid.ints.data_offset, 0);
   write_file(folder / "a.hdr", lines);
   EXPECT_EQ(GRDRDH((folder / "a.flt").string(), grid, texts), success);

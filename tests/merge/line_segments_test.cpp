@@ -3,7 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -17,9 +19,7 @@ std::vector<bend> bends_of(const stitch_line& line) {
   std::int32_t steps = 0;
   EXPECT_EQ(measure_segments(line, 0.001, segments, steps), "");
   std::vector<bend> bends;
-  for (const line_segment& s : segments) {
-    bends.push_back(s.at_start);
-  }
+  std::ranges::transform(segments, std::back_inserter(bends), &line_segment::at_start);
   return bends;
 }
 

@@ -178,7 +178,8 @@ TEST(StitchLine, stops_at_the_line_where_a_vertex_is_malformed) {
       {"70\nyes\n", ": line 14: an integer expected for the flags of group 70, \"yes\" found"},
   };
   for (const auto& [text, words] : examples) {
-    EXPECT_EQ(read(head + text + tail).words, words) << text;
+    std::string bytes = head;
+    EXPECT_EQ(read(bytes.append(text).append(tail)).words, words) << text;
   }
 }
 

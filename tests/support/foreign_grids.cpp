@@ -3,9 +3,7 @@
 
 #include <algorithm>
 #include <bit>
-#include <cmath>
 #include <cstdlib>
-#include <limits>
 #include <utility>
 
 #include "grid/dummy.h"
@@ -255,30 +253,6 @@ std::string as_newmont(const sample_grid& grid) {
   return bytes.take();
 }
 
-template <typename T>
-double load_as_double(const std::byte* bytes, std::endian order) {
-  return static_cast<double>(platform::load<T>(bytes, order));
-}
-
-double stored_value(const std::byte* bytes, std::int32_t element_code, std::int32_t kind) {
-  const std::endian order = element_code < 0 && kind != 4 ? std::endian::big : std::endian::little;
-  const bool is_signed = kind == 1;
-  switch (std::abs(element_code)) {
-    case 1:
-      return is_signed ? load_as_double<std::int8_t>(bytes, order)
-                       : load_as_double<std::uint8_t>(bytes, order);
-    case 2:
-      return is_signed ? load_as_double<std::int16_t>(bytes, order)
-                       : load_as_double<std::uint16_t>(bytes, order);
-    case 4:
-      return kind == 2   ? load_as_double<float>(bytes, order)
-             : is_signed ? load_as_double<std::int32_t>(bytes, order)
-                         : load_as_double<std::uint32_t>(bytes, order);
-    default:
-      return load_as_double<double>(bytes, order);
-  }
-}
-
 constexpr foreign_format formats[] = {
     {2, "records.grd", as_records},
     {8, "binary.bgd", as_grid_binary},
@@ -308,34 +282,6 @@ sample_grid small_sample() {
 
 std::span<const foreign_format> foreign_formats() {
   return formats;
-}
-
-float plain_cell(std::string_view file, const grid_description& grid, std::int32_t column,
-                 std::int32_t row) {
-  const grid_ints& ints = grid.ints;
-  const bool columns = by_columns(ints.storage_sense);
-  const int turn = std::abs(ints.storage_sense);
-  const std::int32_t x = turn >= 3 ? ints.x_count - column : column - 1;
-  const std::int32_t y = turn == 2 || turn == 3 ? ints.y_count - row : row - 1;
-  const std::int32_t line = columns ? x : y;
-  const std::int32_t place = columns ? y : x;
-  const std::int32_t length = columns ? ints.y_count : ints.x_count;
-  const std::int32_t size = std::abs(ints.element_code);
-  std::int32_t stride = size * length + ints.aux_1 + ints.aux_2;
-  std::int32_t offset = ints.aux_1 + size * place;
-  if (ints.format_code == 12) {  // a word ahead of every 64 cells
-    stride += 2 * ((length + 63) / 64);
-    offset += 2 * (place / 64 + 1);
-  }
-  const std::int64_t first = ints.data_offset + std::int64_t{line} * stride + offset;
-  const double value =
-      stored_value(reinterpret_cast<const std::byte*>(&file.at(static_cast<std::size_t>(first))),
-                   ints.element_code, ints.element_kind);
-  const double marker = grid.reals.dummy_value;
-  constexpr double two_spacings = 2.0 * std::numeric_limits<float>::epsilon();
-  const bool is_dummy =
-      !std::isfinite(value) || std::abs(value - marker) < two_spacings * std::abs(marker);
-  return is_dummy ? dummy : static_cast<float>(value / grid.reals.z_mult + grid.reals.z_base);
 }
 
 }  // namespace velmorankite::testing

@@ -37,9 +37,4 @@ struct foreign_format {
 // cells of 2 units, DTED a tile of one degree, Geopak a base of 100 and a multiplier of 4.
 std::span<const foreign_format> foreign_formats();
 
-// The value of one cell of a binary file, read in the plainest way from where its description
-// says that it lies; the dummy for a cell without data.
-float plain_cell(std::string_view file, const grid_description& grid, std::int32_t column,
-                 std::int32_t row);
-
 }  // namespace velmorankite::testing

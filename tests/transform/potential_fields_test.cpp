@@ -222,7 +222,7 @@ TEST_P(PotentialField, tilt_is_zero_over_a_contact_and_45_degrees_its_depth_away
   const components theta = components_of(run, 109, {}, {0, 1, 0});
   const auto at = [&](double x) {
     const auto column = static_cast<std::size_t>(std::lround(x - run.lattice().x_min));
-    return static_cast<double>(theta.map[30 * 128 + column]);
+    return static_cast<double>(theta.map[std::size_t{30} * 128 + column]);
   };
   // Columns lie at halves: the contacts are half way between two cells.
   EXPECT_NEAR(0.5 * (at(-30.5) + at(-29.5)), 0.0, 2.0);
