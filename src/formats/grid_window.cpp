@@ -13,7 +13,7 @@ struct axis_limits {
   double cell;
   std::int32_t count;
 
-  // A limit that lies on a cell but for the rounding of its distance counts as being there.
+  // The cell at a limit or, between two, the lower one.
   [[nodiscard]] std::int32_t cell_at(double limit) const {
     const double index = (limit - lowest) / cell + 1.0;
     return static_cast<std::int32_t>(std::clamp(index, 1.0, static_cast<double>(count)));

@@ -26,11 +26,9 @@ Status unread(std::int32_t number) {
 // Free-format numbers, a new line of the file for each stored line.
 class PlainNumbers final : public LineSource {
  public:
-  PlainNumbers(const std::filesystem::path& path, const grid_description& grid,
-               const platform::TextReader& behind_header, platform::line_end end)
-      : file_(path, platform::open_mode::read),
-        numbers_(file_, behind_header.position(), end),
-        columns_(stores_columns(grid.ints.storage_sense)) {}
+  PlainNumbers(const std::filesystem::path& path, const platform::TextReader& behind_header,
+               platform::line_end end)
+      : file_(path, platform::open_mode::read), numbers_(file_, behind_header.position(), end) {}
 
   Status read(std::int32_t number, bool /*wanted*/, std::span<float> cells) override {
     // What a list leaves out is no data.
@@ -38,16 +36,13 @@ class PlainNumbers final : public LineSource {
     if (!numbers_.read(cells)) {
       return unread(number);
     }
-    if (columns_) {
-      drop_non_finite(cells);
-    }
+    drop_non_finite(cells);
     return success;
   }
 
  private:
   platform::BinaryFile file_;
   NumberStream numbers_;
-  bool columns_;
 };
 
 // GXF's codes: numbers in base 90, with repeats.
@@ -79,11 +74,11 @@ class GxfCodes final : public LineSource {
     std::size_t filled = 0;
     for (std::size_t at = 0; at < line.size() && filled < cells.size(); at += width_) {
       const std::string_view token = line.substr(at, width_);
-      if (repeat_follows_) {
+      if (all(token, '"')) {
+        repeat_follows_ = true;
+      } else if (repeat_follows_) {
         repeats_ = number_of(token);
         repeat_follows_ = false;
-      } else if (all(token, '"')) {
-        repeat_follows_ = true;
       } else {
         const std::int64_t number = all(token, '!') ? -1 : number_of(token);
         const float value = number < 0 ? dummy : static_cast<float>(number);
@@ -323,7 +318,7 @@ std::unique_ptr<LineSource> open_text_lines(const std::filesystem::path& path,
     default:
       break;
   }
-  return std::make_unique<PlainNumbers>(path, grid, reader, end);
+  return std::make_unique<PlainNumbers>(path, reader, end);
 }
 
 }  // namespace velmorankite

@@ -141,8 +141,8 @@ TEST_F(Conversion, of_text_follows_senses_repeats_and_lines) {
   const float none = dummy;
   const example examples[] = {
       {"rows",
-       gxf("", "1 2 3 4\n5 6\n7 -9\n9 10 11 1.25D1\n"),
-       {1, 2, 3, 4, 5, 6, 7, none, 9, 10, 11, 12.5F}},
+       gxf("", "1 nan 3 4\n5 6\n7 -9\n9 10 -inf 1.25D1\n"),
+       {1, none, 3, 4, 5, 6, 7, none, 9, 10, none, 12.5F}},
       {"the rest of a line",
        gxf("", "1,2,,4 99 99\n2*5 2*-9\n+9 10 11.5e0 12 /"),
        {1, 2, none, 4, 5, 5, none, none, 9, 10, 11.5F, 12}},
