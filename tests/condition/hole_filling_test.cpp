@@ -8,7 +8,6 @@
 
 #include "condition/multi_level_fill.h"
 #include "formats/describe_grid.h"
-#include "platform/io_error.h"
 #include "support/grids.h"
 #include "support/temporary_folder.h"
 
@@ -17,47 +16,42 @@ namespace {
 
 using testing::TemporaryFolder;
 
-struct fill_result {
-  Status status;
-  float minimum = 9.0F;
-  float maximum = 9.0F;
-  std::int64_t filled = 9;
-};
-
-fill_result fill(const std::filesystem::path& input, const std::string& output,
-                 std::int32_t road = 1, std::int32_t limit = 0) {
-  fill_result result;
-  result.status =
-      GRID_FILL(input.string(), output, road, limit, result.minimum, result.maximum, result.filled);
-  return result;
-}
-
 float cell_of_disc(std::int32_t column, std::int32_t row) {
   const int x = column - 8;
   const int y = row - 6;
   return x * x + y * y < 20 ? static_cast<float>(3 * column - row) : dummy;
 }
 
-TEST(HoleFilling, blanks_open_to_the_edge_are_filled_and_data_kept_whatever_the_limit) {
-  const TemporaryFolder folder;
+class HoleFilling : public ::testing::Test {
+ protected:
+  Status fill(const char* input, std::int32_t road = 1, std::int32_t limit = 0) {
+    return GRID_FILL((folder / input).string(), (folder / "out.grd").string(), road, limit, minimum,
+                     maximum, filled);
+  }
+
+  TemporaryFolder folder;
+  float minimum = 9.0F;
+  float maximum = 9.0F;
+  std::int64_t filled = 9;
+};
+
+TEST_F(HoleFilling, blanks_open_to_the_edge_are_filled_and_data_kept_whatever_the_limit) {
   for (const auto& [sense, limit] : {std::pair(1, 0), std::pair(-2, 100)}) {
     testing::write_grid(folder / "a.grd", {10.0, 20.0, 2.0, 3.0, 17, 12}, cell_of_disc, sense);
-    const fill_result result = fill(folder / "a.grd", (folder / "b.grd").string(), 1, limit);
-    EXPECT_EQ(result.status, success);
-    EXPECT_EQ(result.minimum, 0.0F);
-    EXPECT_EQ(result.maximum, 0.0F);
+    EXPECT_EQ(fill("a.grd", 1, limit), success);
+    EXPECT_EQ(minimum, 0.0F);
+    EXPECT_EQ(maximum, 0.0F);
     const std::vector<float> before = testing::read_grid(folder / "a.grd");
-    const std::vector<float> cells = testing::read_grid(folder / "b.grd");
+    const std::vector<float> cells = testing::read_grid(folder / "out.grd");
     for (std::size_t i = 0; i < cells.size(); ++i) {
       EXPECT_NEAR(cells[i], 18.0F, 30.0F);  // the data reach from 5 to 33
       EXPECT_TRUE(cells[i] == before[i] || before[i] == dummy);
     }
-    EXPECT_GT(result.filled, std::ranges::count(before, dummy));
+    EXPECT_GT(filled, std::ranges::count(before, dummy));
   }
 }
 
-TEST(HoleFilling, stops_with_a_status_and_no_output) {
-  const TemporaryFolder folder;
+TEST_F(HoleFilling, stops_with_a_status_and_no_output) {
   const auto all_blank = [](std::int32_t, std::int32_t) { return dummy; };
   testing::write_grid(folder / "disc.grd", {0.0, 0.0, 1.0, 1.0, 17, 12}, cell_of_disc);
   testing::write_grid(folder / "blank.grd", {0.0, 0.0, 1.0, 1.0, 17, 12}, all_blank);
@@ -68,15 +62,12 @@ TEST(HoleFilling, stops_with_a_status_and_no_output) {
     std::int32_t road;
     Status status;
   };
-  const example examples[] = {
-      {"blank.grd", 1, fill_no_valid_cell}, {"thin.grd", 1, fill_no_valid_cell},
-      {"none.grd", 1, file_missing},        {"folder.grd", 1, fill_input_unopened},
-      {"disc.grd", 0, sweep_road_missing},
-  };
-  for (const example& e : examples) {
-    const fill_result result = fill(folder / e.input, (folder / "out.grd").string(), e.road);
-    EXPECT_EQ(result.status.code, e.status.code) << e.input;
-    EXPECT_EQ(result.filled, 0) << e.input;
+  for (const example& e :
+       {example{"blank.grd", 1, fill_no_valid_cell}, example{"thin.grd", 1, fill_no_valid_cell},
+        example{"none.grd", 1, file_missing}, example{"folder.grd", 1, fill_input_unopened},
+        example{"disc.grd", 0, sweep_road_missing}}) {
+    EXPECT_EQ(fill(e.input, e.road), e.status) << e.input;
+    EXPECT_EQ(filled, 0) << e.input;
     EXPECT_FALSE(std::filesystem::exists(folder / "out.grd")) << e.input;
   }
 }
