@@ -97,8 +97,8 @@ TEST(BlendWeights, close_a_bend_with_a_circular_sector_and_keep_to_the_nearest_a
 TEST(BlendWeights, between_two_arms_as_near_follow_the_arm_that_comes_first) {
   // East along y = -3, round the north and back, east along y = 3: y = 0 lies left of the first
   // arm and right of the last, 3 from both. Run the other way, it is left of what was the last.
-  const Band there({{-18, 18, 18, -18, -18, 10}, {-3, -3, 19, 19, 3, 3}}, around_origin, 2, 4);
-  const Band back({{10, -18, -18, 18, 18, -18}, {3, 3, 19, 19, -3, -3}}, around_origin, 2, 4);
+  const Band there({{-18, 18, 18, -18, -18, 10}, {-3, -3, 19, 19, 3, 3}}, around_origin, 2, 3);
+  const Band back({{10, -18, -18, 18, 18, -18}, {3, 3, 19, 19, -3, -3}}, around_origin, 2, 3);
   for (int x = -10; x <= 10; ++x) {
     EXPECT_EQ(there.over(x, -1), 0.0F) << x;
     EXPECT_EQ(there.over(x, 0), weight_grid_2) << x;

@@ -37,7 +37,7 @@ TEST(ReportStem, loses_blanks_and_what_follows_the_last_dot) {
   EXPECT_EQ(mismatch_report_path("   "), "_mismatch.dat");
 }
 
-TEST(Mismatch, is_the_mean_over_samples_that_both_grids_have) {
+TEST(Mismatch, is_the_mean_over_samples_that_both_grids_have_and_else_0) {
   const float nan = std::numeric_limits<float>::quiet_NaN();
   const std::vector<float> grid_1 = {10, 20, dummy, 30, 1000};
   std::vector<float> grid_2 = {4, 18, 7, nan, dummy};
@@ -47,14 +47,12 @@ TEST(Mismatch, is_the_mean_over_samples_that_both_grids_have) {
   EXPECT_EQ(grid_2, (std::vector<float>{8, 22, dummy, dummy, dummy}));
   EXPECT_DOUBLE_EQ(m.rms_before * m.rms_before, (36.0 + 4.0) / 2);
   EXPECT_DOUBLE_EQ(m.rms_after, 2.0);
-}
-
-TEST(Mismatch, without_a_common_sample_is_0) {
-  std::vector<float> grid_2 = {dummy, 3};
-  const seam_mismatch m = measure_mismatch(std::vector<float>{1, dummy}, grid_2);
-  EXPECT_EQ(m.offset, 0.0F);
-  EXPECT_EQ(m.sample_count, 0);
-  EXPECT_EQ(grid_2, (std::vector<float>{dummy, dummy}));
+  // Without a common sample it is 0.
+  std::vector<float> apart = {dummy, 3};
+  const seam_mismatch none = measure_mismatch(std::vector<float>{1, dummy}, apart);
+  EXPECT_EQ(none.offset, 0.0F);
+  EXPECT_EQ(none.sample_count, 0);
+  EXPECT_EQ(apart, (std::vector<float>{dummy, dummy}));
 }
 
 TEST(Mismatch, is_summed_in_order_in_single_precision) {

@@ -63,14 +63,12 @@ using doubles = std::vector<double>;
 
 TEST(StitchLine, holds_the_vertices_of_the_first_polyline_only) {
   const std::string second = "  0\nPOLYLINE\n" + vertex("50", "50") + vertex("60", "60") + tail;
-  for (const std::string ending : {"", "\r"}) {
-    std::string text = dxf({{0, 0}, {3, 4}, {-10, 4}}) + second;
-    if (!ending.empty()) {
-      for (std::size_t at = text.find('\n'); at != std::string::npos;
-           at = text.find('\n', at + 2)) {
-        text.insert(at, ending);
-      }
-    }
+  const std::string unix_text = dxf({{0, 0}, {3, 4}, {-10, 4}}) + second;
+  std::string dos_text;
+  for (const char c : unix_text) {
+    dos_text += c == '\n' ? "\r\n" : std::string(1, c);
+  }
+  for (const std::string& text : {unix_text, dos_text}) {
     const outcome r = read(text);
     EXPECT_EQ(r.status, success) << r.words;
     EXPECT_EQ(r.line.x, (doubles{0, 3, -10}));

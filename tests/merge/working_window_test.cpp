@@ -64,6 +64,10 @@ TEST(WorkingWindow, stays_on_the_lattice_where_the_line_leaves_it) {
   ASSERT_EQ(f.snap(), "");
   EXPECT_EQ(f.window.last_column, 101);
   EXPECT_EQ(f.window.x_max, 100.0);
+  // A line beside it, which reaches it only with its band.
+  f.line = {{103.0, 103.0}, {20.0, 60.0}};
+  ASSERT_EQ(f.snap(), "");
+  EXPECT_EQ(cells_of(f.window), (span_of_cells{99, 101, 16, 66}));
 }
 
 TEST(WorkingWindow, takes_in_the_adjusted_grid_only_with_a_correction) {
@@ -162,13 +166,6 @@ TEST(WorkingWindow, says_with_numbers_why_there_is_none) {
     e.spoil(f);
     EXPECT_EQ(f.snap(), e.words);
   }
-}
-
-TEST(WorkingWindow, exists_beside_a_line_that_only_reaches_the_lattice_with_its_band) {
-  Fixture f;
-  f.line = {{103.0, 103.0}, {20.0, 60.0}};
-  ASSERT_EQ(f.snap(), "");
-  EXPECT_EQ(cells_of(f.window), (span_of_cells{99, 101, 16, 66}));
 }
 
 }  // namespace
