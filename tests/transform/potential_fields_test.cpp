@@ -143,7 +143,7 @@ components components_of(GridRun& run, std::int32_t filter,
   testing::write_grid(run.folder() / "in.grd", lattice,
                       [](std::int32_t, std::int32_t) { return 1.0F; });
   const platform::BinaryFile input(run.folder() / "in.grd", platform::open_mode::read);
-  FFTGRAD3(run.run(), 0.0F, input, {1, lattice.x_count, lattice.y_count},
+  FFTGRAD3(run.run(), run.high_cut, input, {1, lattice.x_count, lattice.y_count},
            prepared.is_open() ? prepared : saved, work);
   components result;
   result.z = run.window();
@@ -193,6 +193,16 @@ TEST_P(PotentialField, total_gradient_of_a_point_mass_has_no_side) {
                           mass_slope({0.0, 0.0, 1.0})(x, y));
       },
       0.005);
+}
+
+TEST_P(PotentialField, components_have_the_high_cut_of_the_run) {
+  GridRun run = run_on(point_mass(6.0));
+  run.high_cut = 1.0F;
+  const std::vector<float> east = run.filtered(204, {1.0F, 90.0F});
+  const std::vector<float> x = components_of(run, 106, {}).x;
+  for (std::size_t i = 0; i < x.size(); i += 97) {
+    EXPECT_NEAR(x[i], east[i], 1.0E-8F) << i;
+  }
 }
 
 // A slab with vertical sides at x = -30 and 30, its top at depth 3: the field over a side is an
