@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <limits>
 #include <string>
@@ -13,6 +14,7 @@
 #include "formats/describe_grid.h"
 #include "formats/header_readers.h"
 #include "formats/header_status.h"
+#include "grid/grid_rows.h"
 #include "platform/io_error.h"
 #include "support/failing_system.h"
 #include "support/foreign_grids.h"
@@ -97,28 +99,16 @@ TEST_F(BinaryHeaders, tell_the_layout_the_lattice_and_the_dummy) {
     ASSERT_EQ(describe(format.file_name, format.bytes(small_sample())), success);
     const grid_ints& ints = grid.ints;
     const grid_reals& reals = grid.reals;
-    EXPECT_EQ(ints.format_code, e.format);
-    EXPECT_EQ(ints.band_count, 1);
-    EXPECT_EQ(ints.data_offset, e.data_offset);
-    EXPECT_EQ(ints.element_code, e.element);
-    EXPECT_EQ(ints.storage_sense, e.sense);
-    EXPECT_EQ(ints.element_kind, e.kind);
-    EXPECT_EQ(ints.aux_1, e.aux_1);
-    EXPECT_EQ(ints.aux_2, e.aux_2);
-    EXPECT_EQ(ints.x_count, 6);
-    EXPECT_EQ(ints.y_count, 4);
-    EXPECT_EQ(reals.x_min, e.x_min);
-    EXPECT_EQ(reals.x_max, e.x_max);
-    EXPECT_EQ(reals.y_min, e.y_min);
-    EXPECT_EQ(reals.y_max, e.y_max);
-    EXPECT_EQ(reals.x_cell, e.x_cell);
-    EXPECT_EQ(reals.y_cell, e.y_cell);
-    EXPECT_EQ(reals.out_y_min, e.y_min);
-    EXPECT_EQ(reals.dummy_value, e.dummy_value);
-    EXPECT_EQ(reals.z_min, e.z_min);
-    EXPECT_EQ(reals.z_max, e.z_max);
-    EXPECT_EQ(reals.z_mid, e.z_mid);
-    EXPECT_EQ(reals.z_spread, e.z_spread);
+    EXPECT_EQ((std::array{ints.format_code, ints.band_count, ints.data_offset, ints.element_code}),
+              (std::array{e.format, 1, e.data_offset, e.element}));
+    EXPECT_EQ((std::array{ints.storage_sense, ints.element_kind, ints.aux_1, ints.aux_2}),
+              (std::array{e.sense, e.kind, e.aux_1, e.aux_2}));
+    EXPECT_EQ(lattice_of(grid), (Lattice{e.x_min, e.y_min, e.x_cell, e.y_cell, 6, 4}));
+    EXPECT_EQ((std::array{reals.x_max, reals.y_max, reals.out_y_min}),
+              (std::array{e.x_max, e.y_max, e.y_min}));
+    EXPECT_EQ((std::array{reals.dummy_value, reals.z_min, reals.z_max}),
+              (std::array{e.dummy_value, e.z_min, e.z_max}));
+    EXPECT_EQ((std::array{reals.z_mid, reals.z_spread}), (std::array{e.z_mid, e.z_spread}));
     EXPECT_EQ(reals.rotation, e.format == 8 ? 30.0 : 0.0);
     EXPECT_EQ(reals.z_mult, e.format == 12 ? 4.0 : 1.0);
     EXPECT_EQ(reals.z_base, e.format == 12 ? 100.0 : 0.0);

@@ -8,6 +8,7 @@
 #include "formats/describe_grid.h"
 #include "formats/header_readers.h"
 #include "formats/header_status.h"
+#include "grid/grid_rows.h"
 #include "support/temporary_folder.h"
 
 namespace velmorankite {
@@ -76,12 +77,9 @@ TEST_F(PcidskHeaders, tell_bands_lattice_and_interleave) {
   EXPECT_EQ(grid.ints.data_offset, (6 + 4) * 512 - 512);
   EXPECT_EQ(grid.ints.element_code, 2);
   EXPECT_EQ(grid.ints.storage_sense, 1);
-  EXPECT_EQ(grid.ints.x_count, 6);
-  EXPECT_EQ(grid.ints.y_count, 4);
-  EXPECT_EQ(grid.reals.x_min, 100.5);
+  EXPECT_EQ(lattice_of(grid), (Lattice{100.5, -35.025, 2.0, 5.0, 6, 4}));
   EXPECT_EQ(grid.reals.x_max, 110.5);
   EXPECT_EQ(grid.reals.y_max, -20.025);
-  EXPECT_EQ(grid.reals.y_min, -35.025);
   EXPECT_EQ(grid.reals.dummy_value, 0.0);
   EXPECT_EQ(grid.reals.z_spread, 0.0);
   EXPECT_EQ(texts.band_names, (std::vector<std::string>{"gravity", "magnetics"}));
