@@ -28,13 +28,8 @@ void compute_spectrum(memory_run& run) {
   transform_array(run.array.span(), geometry, 1);
 }
 
-// Later passes of this run and later runs read the spectrum again. Where the run deletes it at
-// its end and makes a single pass, nobody would, and it is not written.
+// Later passes of this run and later runs read the spectrum again.
 void save_spectrum(memory_run& run) {
-  const bool passes = gradient_passes_of(run.parameters) != gradient_passes::none;
-  if (run.request.reuse == 0 && !passes) {
-    return;
-  }
   run.log.line("save the FFT coefficients");
   if (run.request.reuse == 0) {
     run.spectrum_scratch = platform::ScratchFile(run.saved_spectrum);

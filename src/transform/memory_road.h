@@ -30,7 +30,7 @@ struct memory_run {
   const std::string& saved_spectrum;  // name under which the spectrum is saved
   filter_parameters& parameters;
   TransformLog& log;
-  platform::LargeArray<float> array{};
+  platform::LargeArray<float>& array;  // of geometry.fftwords() elements
   PowerSpectrum power{};
   platform::ScratchFile spectrum_scratch{};  // the saved spectrum, where it goes with the run
   std::optional<gradient_work_grids> work{};

@@ -113,8 +113,7 @@ Status provide_padded_grid(const transform_request& request, const transform_inp
                            const fft_geometry& geometry, const std::string& saved,
                            const std::filesystem::path& scratch, TransformLog& log,
                            padded_grid_facts& facts) {
-  if (request.reuse > 0 && !saved.empty() &&
-      reuse_saved(request, input, geometry, saved, scratch, log, facts)) {
+  if (request.reuse > 0 && reuse_saved(request, input, geometry, saved, scratch, log, facts)) {
     return success;
   }
   const std::int32_t sense = input.grid.ints.storage_sense;
@@ -130,7 +129,7 @@ Status provide_padded_grid(const transform_request& request, const transform_inp
     log.line("Generation of the padded grid file failed");
     return transform_padding_failed;
   }
-  if (request.reuse > 0 && !saved.empty()) {
+  if (request.reuse > 0) {
     (void)platform::copy_whole_file(scratch, saved);  // a later run then makes its own
   }
   log.line(

@@ -12,6 +12,7 @@
 #include "grid/scratch_names.h"
 #include "platform/file_tests.h"
 #include "platform/io_error.h"
+#include "platform/large_array.h"
 #include "platform/padded_text.h"
 #include "platform/scratch_file.h"
 #include "transform/convolution_road.h"
@@ -37,6 +38,8 @@ struct transform_run {
   reuse_names saved{};
   fft_geometry geometry{};
   padded_grid_facts facts{};
+  bool arrays_planned = false;          // from here on the log tells of their release
+  platform::LargeArray<float> array{};  // FFT road
 };
 
 Status fill_holes(transform_run& run) {
@@ -82,6 +85,23 @@ Status plan(transform_run& run) {
     run.log.line(log_line("FFT Origin Offsest: ", g.origx, g.origy));
   }
   run.log.line(log_line("Allocate padded grid arrays : ", g.nxp, g.nyp));
+  run.arrays_planned = true;
+  return success;
+}
+
+// Taken before the padded grid is made, so that a run too large for the machine stops early.
+Status allocate_array(transform_run& run) {
+  const fft_geometry& g = run.geometry;
+  run.log.line(log_line("Allocate FFT arrays : ", g.fftnx, g.fftny));
+  try {
+    run.array = platform::LargeArray<float>(g.fftwords());
+  } catch (const std::bad_alloc&) {
+    run.log.line(
+        log_line("There was a problem allocating the work array: ", transform_array_memory.code));
+    return transform_array_memory;
+  }
+  run.log.line("Initialise the allocated FFT array: ");
+  run.log.pause();
   return success;
 }
 
@@ -120,16 +140,7 @@ Status filter_in_memory(transform_run& run, const platform::BinaryFile& input,
                         platform::BinaryFile& padded, const RowLayout& padded_layout) {
   memory_run road{run.request,    run.input, input,        padded,
                   padded_layout,  run.facts, run.geometry, run.saved.spectrum,
-                  run.parameters, run.log};
-  const fft_geometry& g = run.geometry;
-  run.log.line(log_line("Allocate FFT arrays : ", g.fftnx, g.fftny));
-  try {
-    road.array = platform::LargeArray<float>(g.fftwords());
-  } catch (const std::bad_alloc&) {
-    run.log.line(
-        log_line("There was a problem allocating the work array: ", transform_array_memory.code));
-    return transform_array_memory;
-  }
+                  run.parameters, run.log,   run.array};
   const padded_row_source rows = run_memory_road(road);
   const output_plan plan = plan_output(run, input);
   put_out(run, plan, rows);
@@ -172,7 +183,14 @@ Status filter_padded(transform_run& run) {
   if (padding.failed()) {
     return padding;
   }
-  const platform::BinaryFile input(run.input.path, platform::open_mode::read);
+  platform::BinaryFile input;
+  try {
+    input = platform::BinaryFile(run.input.path, platform::open_mode::read);
+  } catch (const platform::IoError& failure) {
+    run.log.line("Failed to open the input grid file");
+    run.log.line(failure.what());
+    return transform_input_unopened;
+  }
   platform::BinaryFile padded(scratch.path(), platform::open_mode::read_write);
   const RowLayout layout{run.input.grid.ints.storage_sense, run.geometry.nxp, run.geometry.nyp};
   return run.request.fft_mode == fft_mode_convolution
@@ -182,10 +200,14 @@ Status filter_padded(transform_run& run) {
 
 Status filter_grid(transform_run& run) {
   name_saved_grids(run);
-  if (const Status status = plan(run); status.failed()) {
+  Status status = plan(run);
+  if (!status.failed() && run.request.fft_mode != fft_mode_convolution) {
+    status = allocate_array(run);
+  }
+  if (status.failed()) {
     return status;
   }
-  const Status status = filter_padded(run);
+  status = filter_padded(run);
   remove_saved(run);
   return status;
 }
@@ -206,6 +228,14 @@ Status run_filter(transform_run& run) {
   return run.request.filter == filter_hole_fill ? fill_holes(run) : filter_grid(run);
 }
 
+void close_log(const transform_run& run) {
+  if (run.arrays_planned) {
+    run.log.line("Deallocate");
+  }
+  run.log.line("Transform complete");
+  run.log.pause();
+}
+
 }  // namespace
 
 Status TRSD(const transform_request& request, transform_range& range) {
@@ -216,12 +246,11 @@ Status TRSD(const transform_request& request, transform_range& range) {
   transform_run run{request, log, parameters, range};
   try {
     const Status status = run_filter(run);
-    log.line("Transform complete");
-    log.pause();
+    close_log(run);
     return status;
   } catch (const std::exception& failure) {
     log.line(failure.what());
-    log.line("Transform complete");
+    close_log(run);
     throw;
   }
 }

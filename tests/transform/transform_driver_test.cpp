@@ -84,6 +84,46 @@ TEST_F(Transform, a_field_continued_upwards_is_that_of_the_deeper_source_where_t
   EXPECT_TRUE(log().ends_with("Transform complete\n"));
 }
 
+TEST_F(Transform, the_log_tells_the_steps_in_their_order) {
+  write_grid(folder / "in.grd", {0.0, 0.0, 2.0, 2.0, 9, 7}, [](int, int) { return 4.0F; });
+  transform_request r = request(101, 2.0F);
+  r.pad_width = 1;
+  r.reuse = 1;
+  r.reuse_base = "kept.grd";
+  ASSERT_EQ(run(r), success);
+  EXPECT_EQ(
+      log(),
+      "Transform log file\n"
+      "Filter index : 101 1 2 0\n"
+      "Output file: " +
+          r.out_grid +
+          "\n"
+          "Continuation: \n"
+          "Distance: 2\n"
+          "FFT array size: 32 16\n"
+          "FFT Padding Offsest: 7 0\n"
+          "FFT Origin Offsest: 11 4\n"
+          "Allocate padded grid arrays : 17 15\n"
+          "Allocate FFT arrays : 32 16\n"
+          "Initialise the allocated FFT array: \n"
+          "Check padded grid file : kept_trs_ext_001.grd\n"
+          "Generate padded grid file : 17 15 1\n"
+          "Storage Sense :  1 (first element at bottom left, stored by row. Supported by Oasis)\n"
+          "Padded grid data range,average : 4 4 4\n"
+          "Perform FFT : 1 32 16\n"
+          "Initialise the values for the FFT arrays 32 16\n"
+          "Copy input grid data into FFT arrays\n"
+          "Calculate forward FFT\n"
+          "save the FFT coefficients\n"
+          "FFT coefficient grid file saved\n"
+          "call fftrsp\n"
+          "compute inverse fft\n"
+          "Output the transformed grid\n"
+          "Transformed range : 4 4\n"
+          "Deallocate\n"
+          "Transform complete\n");
+}
+
 TEST_F(Transform, a_plane_is_left_out_put_back_or_kept_as_the_detrending_says) {
   const auto slope = [](int c, int r) { return 50.0F + 0.5F * static_cast<float>(2 * c - r); };
   for (const std::int32_t sense : {1, -2}) {
@@ -229,7 +269,10 @@ TEST_F(Transform, refusals_have_a_status_and_a_line_and_make_no_grid) {
       {[](auto& r) { r.grid.ints.element_code = -4; },
        {-1006},
        "Failed to read the input grid file"},
-      {[](auto& r) { r.pad_width = 0x7FFFFFFF; }, {-1013}, "arrays failed"}};
+      {[](auto& r) { r.pad_width = 0x7FFFFFFF; }, {-1013}, "arrays failed"},
+      {[](auto& r) { r.pad_width = 0x100000; },  // an array of 512 TiB
+       {-1015},
+       "There was a problem allocating the work array: -1015\nDeallocate\n"}};
   for (const example& e : examples) {
     transform_request r = request(101);
     e.change(r);
