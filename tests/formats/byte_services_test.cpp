@@ -5,7 +5,8 @@
 
 #include <array>
 #include <bit>
-#include <cstring>
+#include <cstddef>
+#include <cstdint>
 
 namespace velmorankite {
 namespace {
@@ -30,13 +31,12 @@ TEST(ByteReversal, of_single_values) {
 TEST(ByteReversal, twice_gives_every_bit_pattern_back) {
   // Among them a float whose reverse is a signalling NaN.
   const std::array<std::uint32_t, 4> patterns = {0x0000807FU, 0x7F800001U, 0x12345678U, 0xFFU};
-  std::array<float, 4> floats{};
-  std::memcpy(floats.data(), patterns.data(), sizeof floats);
+  auto floats = std::bit_cast<std::array<float, 4>>(patterns);
   CHREVARR(floats);
   for (float& value : floats) {
     REVBYT(value);
   }
-  EXPECT_EQ(std::memcmp(floats.data(), patterns.data(), sizeof floats), 0);
+  EXPECT_EQ((std::bit_cast<std::array<std::uint32_t, 4>>(floats)), patterns);
 }
 
 TEST(ByteReversal, of_arrays_reverses_each_element) {

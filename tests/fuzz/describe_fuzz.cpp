@@ -29,7 +29,7 @@ class GridNames {
   }
 
   [[nodiscard]] std::filesystem::path file(std::string_view name, std::size_t size) const {
-    const std::filesystem::path path = folder_.path() / name;
+    std::filesystem::path path = folder_.path() / name;
     std::filesystem::resize_file(path, size);
     return path;
   }
