@@ -85,7 +85,7 @@ Status GRID_DETREND_PLANE(fit_scope scope, std::string_view input_name,
   if (const std::filesystem::path output = platform::without_padding(output_name);
       !output.empty()) {
     const Status status = open_detrend_outputs(
-        output, trend_path(output, "_WDtmp", "_trend.grd"), input->layout,
+        *input, output, trend_path(output, "_WDtmp", "_trend.grd"), input->layout,
         [&](platform::BinaryFile& file) {
           OUTPUT_GEOSOFT_HEADER(file, header_of_copy(input->description));
         },

@@ -5,17 +5,22 @@
 #include <utility>
 #include <vector>
 
-#include "formats/describe_grid.h"
+#include "condition/opened_grid.h"
 #include "grid/dummy.h"
+#include "platform/file_tests.h"
 #include "platform/io_error.h"
-#include "platform/padded_text.h"
 
 namespace velmorankite {
 namespace {
 
-// The staged grid with its header, or nothing where it cannot be written.
+// The staged grid with its header, or nothing where it cannot be written or would replace the
+// input.
 std::optional<platform::StagedFile> stage_grid(const std::filesystem::path& path,
+                                               const detrend_input& input,
                                                const header_writer& write_header) {
+  if (platform::same_file(path, input.file.path())) {
+    return std::nullopt;
+  }
   try {
     platform::StagedFile staged(path);
     write_header(staged.file());
@@ -41,21 +46,13 @@ void remove_plane(const line_end_pair& ends, double y, double x_cell, const plan
 }  // namespace
 
 std::optional<detrend_input> open_detrend_input(std::string_view name) {
-  detrend_input input;
-  grid_texts texts;
-  if (GRDRDH(name, input.description, texts).failed()) {
+  std::optional<opened_grid> grid = open_float_grid(name);
+  if (!grid) {
     return std::nullopt;
   }
-  try {
-    input.file = platform::BinaryFile(platform::without_padding(name), platform::open_mode::read);
-  } catch (const platform::IoError&) {
-    return std::nullopt;
-  }
-  check_float_grid(input.file, input.description);
-  input.layout = layout_of(input.description);
-  input.x_cell = input.description.reals.x_cell;
-  input.y_cell = input.description.reals.y_cell;
-  return input;
+  const grid_description& description = grid->description;
+  return detrend_input{std::move(grid->file), description, layout_of(description),
+                       description.reals.x_cell, description.reals.y_cell};
 }
 
 std::filesystem::path trend_path(const std::filesystem::path& output, std::string_view mark,
@@ -81,15 +78,15 @@ standard_header header_of_copy(const grid_description& grid) {
   return header;
 }
 
-Status open_detrend_outputs(const std::filesystem::path& residual_path,
+Status open_detrend_outputs(const detrend_input& input, const std::filesystem::path& residual_path,
                             const std::filesystem::path& trend_path, const RowLayout& layout,
                             const header_writer& write_header,
                             std::optional<detrend_outputs>& outputs) {
-  std::optional<platform::StagedFile> residual = stage_grid(residual_path, write_header);
+  std::optional<platform::StagedFile> residual = stage_grid(residual_path, input, write_header);
   if (!residual) {
     return detrend_residual_unwritable;
   }
-  std::optional<platform::StagedFile> trend = stage_grid(trend_path, write_header);
+  std::optional<platform::StagedFile> trend = stage_grid(trend_path, input, write_header);
   if (!trend) {
     return detrend_trend_unwritable;
   }

@@ -49,8 +49,9 @@ struct detrend_outputs {
 
 using header_writer = std::function<void(platform::BinaryFile&)>;
 
-// Opens both outputs and writes their headers; the rows will lie as `layout` says.
-Status open_detrend_outputs(const std::filesystem::path& residual_path,
+// Opens both outputs and writes their headers; the rows will lie as `layout` says. Neither may be
+// the input.
+Status open_detrend_outputs(const detrend_input& input, const std::filesystem::path& residual_path,
                             const std::filesystem::path& trend_path, const RowLayout& layout,
                             const header_writer& write_header,
                             std::optional<detrend_outputs>& outputs);

@@ -82,7 +82,7 @@ Status GRID_DETREND_OLD(std::string_view input_name, std::string_view output_nam
   layout.storage_sense = sense_bottom_up;
   std::optional<detrend_outputs> outputs;
   const Status status = open_detrend_outputs(
-      output, trend_path(output, "", "_detrend.grd"), layout,
+      *input, output, trend_path(output, "", "_detrend.grd"), layout,
       [&](platform::BinaryFile& file) { copy_header(input->file, file); }, outputs);
   if (status.failed()) {
     return status;

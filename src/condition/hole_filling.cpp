@@ -3,15 +3,23 @@
 
 #include "condition/multi_level_fill.h"
 #include "formats/describe_grid.h"
+#include "platform/binary_file.h"
 #include "platform/io_error.h"
+#include "platform/padded_text.h"
 
 namespace velmorankite {
 namespace {
 
-Status describe_input(std::string_view name, grid_description& grid) {
+// The grid is opened as the filling will open it, so that one that may not be written has its
+// status too.
+Status describe_input(std::string_view name, platform::open_mode mode, grid_description& grid) {
   try {
     grid_texts texts;
-    return GRDRDH(name, grid, texts);
+    const Status status = GRDRDH(name, grid, texts);
+    if (!status.failed()) {
+      (void)platform::BinaryFile(platform::without_padding(name), mode);
+    }
+    return status;
   } catch (const platform::IoError&) {
     return fill_input_unopened;
   }
@@ -28,7 +36,9 @@ Status GRID_FILL(std::string_view input_name, std::string_view output_name, std:
   fill_request request;
   request.input_name = input_name;
   request.output_name = output_name;
-  if (const Status status = describe_input(input_name, request.input); status.failed()) {
+  const bool in_place = platform::without_padding(output_name).empty();
+  const auto mode = in_place ? platform::open_mode::read_write : platform::open_mode::read;
+  if (const Status status = describe_input(input_name, mode, request.input); status.failed()) {
     return status;
   }
   if (road == 0) {

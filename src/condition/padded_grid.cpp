@@ -12,11 +12,11 @@
 #include "condition/detrend.h"
 #include "condition/edge_taper.h"
 #include "condition/multi_level_fill.h"
+#include "condition/opened_grid.h"
 #include "formats/describe_grid.h"
 #include "grid/dummy.h"
 #include "grid/grid_rows.h"
 #include "platform/large_array.h"
-#include "platform/padded_text.h"
 #include "platform/scratch_file.h"
 
 namespace velmorankite {
@@ -194,16 +194,12 @@ std::optional<platform::LargeArray<float>> whole_grid(const Lattice& lattice) {
 
 Status GRDPAD(std::string_view input, const std::filesystem::path& padded,
               const pad_request& request, pad_range& range, pad_storage storage) {
-  grid_description grid;
-  grid_texts texts;
-  if (GRDRDH(input, grid, texts).failed()) {
+  std::optional<opened_grid> opened = open_float_grid(input);
+  if (!opened) {
     return pad_input_unreadable;
   }
-  pad_job job{
-      request, platform::BinaryFile(platform::without_padding(input), platform::open_mode::read),
-      grid,    layout_of(grid),
-      {},      {}};
-  check_float_grid(job.input, grid);
+  const grid_description& grid = opened->description;
+  pad_job job{request, std::move(opened->file), grid, layout_of(grid), {}, {}};
   if (!pads_enclose(request, grid)) {
     return pad_size_impossible;
   }

@@ -48,12 +48,17 @@ void check_float_grid(const platform::BinaryFile& file, const grid_description& 
          "a finite origin expected");
   expect(ints.x_count <= longest_row, file,
          "rows below 2 GiB expected, " + std::to_string(ints.x_count) + " columns found");
-  // Both products stay below 2^63: a row is below 2^31 bytes and there are below 2^31 of them.
-  const std::int64_t wanted = ints.data_offset + std::int64_t{ints.x_count} * 4 * ints.y_count;
+  check_cells_there(file, ints.data_offset, ints.x_count, ints.y_count, 4);
+}
+
+void check_cells_there(const platform::BinaryFile& file, std::int64_t offset, std::int32_t x_count,
+                       std::int32_t y_count, std::int32_t cell_bytes) {
+  // Below 2^63: a row is below 2^32 bytes and there are below 2^31 of them.
+  const std::int64_t wanted = offset + std::int64_t{x_count} * cell_bytes * y_count;
   const std::int64_t there = file.size();
   expect(there >= wanted, file,
-         "the file ends too early: " + std::to_string(ints.x_count) + " columns by " +
-             std::to_string(ints.y_count) + " rows need " + std::to_string(wanted) + " bytes, " +
+         "the file ends too early: " + std::to_string(x_count) + " columns by " +
+             std::to_string(y_count) + " rows need " + std::to_string(wanted) + " bytes, " +
              std::to_string(there) + " are there");
 }
 

@@ -31,11 +31,16 @@ struct RowLayout {
 [[nodiscard]] RowLayout layout_of(const grid_description& grid) noexcept;
 [[nodiscard]] Lattice lattice_of(const grid_description& grid) noexcept;
 
-// Makes sure that `file` can be read by rows as `grid` describes it: 4-byte floats that need no
-// scaling, a sense of 1 or -2, counts of at least 1, finite cell sizes above 0, and a file that
-// holds all the cells. Throws IoError that says what was expected and what is there. To be called
-// once per opening, before anything is allocated from the counts.
+// Makes sure that `file` can be read by rows as `grid` describes it: 4-byte floats, a sense
+// of 1 or -2, counts of at least 1, finite cell sizes above 0, and a file that holds all the cells.
+// Throws IoError that says what was expected and what is there. To be called once per opening,
+// before anything is allocated from the counts.
 void check_float_grid(const platform::BinaryFile& file, const grid_description& grid);
+
+// Makes sure that `file` holds x_count by y_count cells behind its first `offset` bytes. Throws
+// IoError. A row is below 2^32 bytes.
+void check_cells_there(const platform::BinaryFile& file, std::int64_t offset, std::int32_t x_count,
+                       std::int32_t y_count, std::int32_t cell_bytes);
 
 // Moves x_count cells of one row (from 1, the lowest Y). Throws IoError.
 void read_row(const platform::BinaryFile& file, const RowLayout& layout, std::int32_t row,

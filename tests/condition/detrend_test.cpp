@@ -88,6 +88,7 @@ TEST_F(Detrend, samples_that_determine_no_plane_give_their_mean) {
 
 TEST_F(Detrend, grids_that_cannot_be_fitted_or_written_have_their_own_status) {
   EXPECT_EQ(GRID_DETREND(name("missing.grd"), "", mean, trend), detrend_input_unreadable);
+  EXPECT_EQ(GRID_DETREND(folder.path().string(), "", mean, trend), detrend_input_unreadable);
   write_grid(folder / "blank.grd", lattice, [](int, int) { return std::nanf(""); });
   EXPECT_EQ(GRID_DETREND(name("blank.grd"), name("out.grd"), mean, trend), detrend_no_valid_cell);
   EXPECT_EQ(mean, 0.0F);
@@ -95,6 +96,7 @@ TEST_F(Detrend, grids_that_cannot_be_fitted_or_written_have_their_own_status) {
   write_grid(folder / "in.grd", lattice, sloping);
   EXPECT_EQ(GRID_DETREND(name("in.grd"), name("no/out.grd"), mean, trend),
             detrend_residual_unwritable);
+  EXPECT_EQ(GRID_DETREND(name("in.grd"), name("in.grd"), mean, trend), detrend_residual_unwritable);
   const int failures = testing::fail_each_call(
       testing::system_call::write, ENOSPC,
       [&] { (void)GRID_DETREND(name("in.grd"), name("out.grd"), mean, trend); },

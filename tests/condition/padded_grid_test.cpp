@@ -106,7 +106,9 @@ TEST_F(PaddedGrid, held_by_rows_it_is_the_same_to_the_bit) {
 
 TEST_F(PaddedGrid, impossible_requests_and_failing_files_leave_nothing) {
   using names = std::vector<std::string>;
-  EXPECT_EQ(GRDPAD("missing.grd", folder / "pad.grd", request, range), pad_input_unreadable);
+  for (const std::string& name : {std::string("missing.grd"), folder.path().string()}) {
+    EXPECT_EQ(GRDPAD(name, folder / "pad.grd", request, range), pad_input_unreadable);
+  }
   write_grid(folder / "in.grd", lattice, field);
   const std::string input = (folder / "in.grd").string();
   request.column_pad = 27;

@@ -1,0 +1,21 @@
+// A standard grid as the input of a conditioning routine.
+// SPDX-License-Identifier: MIT
+#pragma once
+#include <optional>
+#include <string_view>
+
+#include "formats/grid_description.h"
+#include "platform/binary_file.h"
+
+namespace velmorankite {
+
+struct opened_grid {
+  grid_description description;
+  platform::BinaryFile file;
+};
+
+// Describes a grid of 4-byte floats and opens it for reading. Nothing where it cannot be described
+// or opened. Throws IoError for a file that is not what its header says.
+[[nodiscard]] std::optional<opened_grid> open_float_grid(std::string_view name);
+
+}  // namespace velmorankite
