@@ -69,6 +69,14 @@ void take_row(const float_source& source, const Lattice& lattice, std::int32_t r
   }
 }
 
+// From the size of `value` to the next float; from the largest float, which has none above it, to
+// the one below it.
+double spacing_at(float value) {
+  constexpr float largest = std::numeric_limits<float>::max();
+  const float size = std::min(std::abs(value), std::nextafter(largest, 0.0F));
+  return static_cast<double>(std::nextafter(size, largest)) - static_cast<double>(size);
+}
+
 bool source_suffices(const float_source& source, const Lattice& lattice) {
   return source.unit != nullptr || source.source == source_constant ||
          static_cast<std::int64_t>(source.array.size()) >= lattice.cell_count();
@@ -99,15 +107,13 @@ Status GEOOUT(std::string_view name, const float_source& source, const Lattice& 
   OUTPUT_GEOSOFT_HEADER(staged->file(), header);
   const RowLayout layout{sense == sense_bottom_up ? sense_bottom_up : sense_top_down,
                          lattice.x_count, lattice.y_count};
-  const float dummy_size = std::abs(input_dummy);
-  const double tolerance =
-      2.0 * (static_cast<double>(std::nextafter(dummy_size, std::numeric_limits<float>::max())) -
-             static_cast<double>(dummy_size));
+  const double tolerance = 2.0 * spacing_at(input_dummy);
   std::vector<float> cells(static_cast<std::size_t>(lattice.x_count));
   for (std::int32_t row = 1; row <= lattice.y_count; ++row) {
     take_row(source, lattice, row, z_min, cells);
     for (float& cell : cells) {
-      if (std::abs(static_cast<double>(cell) - static_cast<double>(input_dummy)) < tolerance) {
+      if (cell == input_dummy ||
+          std::abs(static_cast<double>(cell) - static_cast<double>(input_dummy)) < tolerance) {
         cell = dummy;
       } else if (!is_constant) {
         cell = undo_transform(transform, cell);
@@ -196,13 +202,11 @@ class Int16Rows {
 };
 
 bool source_suffices(const int16_source& source, const Lattice& lattice) {
-  const std::int64_t wanted = lattice.cell_count();
   if (source.unit != nullptr) {
-    // Held against the file before anything is allocated from the counts.
-    return source.offset >= 0 && wanted <= (source.unit->size() - source.offset) / 2;
+    return source.offset >= 0;
   }
   const auto& cells = by_columns(source.sense) ? source.columns : source.rows;
-  return static_cast<std::int64_t>(cells.size()) >= wanted;
+  return static_cast<std::int64_t>(cells.size()) >= lattice.cell_count();
 }
 
 }  // namespace
@@ -211,6 +215,9 @@ Status GEOOUTI2(std::string_view name, const int16_source& source, const Lattice
                 std::int32_t input_dummy, std::int32_t transform, float& z_min, float& z_max) {
   if (!lattice_sound(lattice) || !source_suffices(source, lattice)) {
     return geoout_failed;
+  }
+  if (source.unit != nullptr) {  // ahead of what is allocated from the counts
+    check_cells_there(*source.unit, source.offset, lattice.x_count, lattice.y_count, 2);
   }
   std::string_view path = platform::without_padding(name);
   if (path.size() < 2) {

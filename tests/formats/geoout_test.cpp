@@ -5,10 +5,12 @@
 
 #include <cerrno>
 #include <cmath>
+#include <limits>
 #include <string>
 #include <vector>
 
 #include "grid/dummy.h"
+#include "platform/io_error.h"
 #include "support/failing_system.h"
 #include "support/grids.h"
 #include "support/temporary_folder.h"
@@ -94,6 +96,16 @@ TEST_F(Geoout, input_dummies_within_two_spacings_are_blanked_and_logarithms_undo
   EXPECT_NEAR(out[6], -std::exp(1.0F), 1E-6F);
   EXPECT_EQ(out[7], 0.5F);
   EXPECT_EQ(z_min, out[6]);
+  // The largest float is a common mark, with no float above it.
+  constexpr float largest = std::numeric_limits<float>::max();
+  const std::vector<float> marked{largest, 2.0F, -largest};
+  for (const float sign : {1.0F, -1.0F}) {
+    ASSERT_EQ(GEOOUT(path(), {0, marked, nullptr}, {0.0, 0.0, 1.0, 1.0, 3, 1}, 1, sign * largest, 0,
+                     z_min, z_max),
+              success);
+    EXPECT_EQ(read_grid(path())[sign > 0 ? 0 : 2], dummy);
+    EXPECT_EQ(z_max, sign > 0 ? 2.0F : largest);
+  }
   const std::vector<float> blank(8, mark);
   ASSERT_EQ(GEOOUT(path(), {0, blank, nullptr}, lattice, 1, mark, 3, z_min, z_max), success);
   EXPECT_EQ(z_min, 1.0E32F);
@@ -159,7 +171,8 @@ TEST_F(Geoout, short_sources_and_impossible_names_fail_and_leave_nothing) {
   EXPECT_EQ(GEOOUT("no/out.grd", {0, floats, nullptr}, wide, 1, 0.0F, 0, z_min, z_max),
             geoout_failed);
   const BinaryFile unit(folder / "raw", open_mode::create);
-  EXPECT_EQ(GEOOUTI2(path(), {-1, {}, {}, &unit, 0}, wide, 0, 0, z_min, z_max), geoout_failed);
+  EXPECT_THROW((void)GEOOUTI2(path(), {-1, {}, {}, &unit, 0}, wide, 0, 0, z_min, z_max),
+               platform::IoError);
   testing::fail_each_call(
       testing::system_call::write, ENOSPC,
       [&] {
