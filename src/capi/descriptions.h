@@ -13,15 +13,15 @@ namespace velmorankite::capi {
 [[nodiscard]] inline grid_description description_in(const std::int32_t* ints,
                                                      const double* reals) noexcept {
   grid_description grid;
-  std::memcpy(static_cast<void*>(&grid.ints), ints, sizeof grid.ints);
-  std::memcpy(static_cast<void*>(&grid.reals), reals, sizeof grid.reals);
+  std::memcpy(static_cast<void*>(&grid.ints), ints, description_ints * sizeof *ints);
+  std::memcpy(static_cast<void*>(&grid.reals), reals, description_reals * sizeof *reals);
   return grid;
 }
 
 inline void description_out(const grid_description& grid, std::int32_t* ints,
                             double* reals) noexcept {
-  std::memcpy(ints, &grid.ints, sizeof grid.ints);
-  std::memcpy(reals, &grid.reals, sizeof grid.reals);
+  std::memcpy(ints, &grid.ints, description_ints * sizeof *ints);
+  std::memcpy(reals, &grid.reals, description_reals * sizeof *reals);
 }
 
 // The cells of a lattice in the caller's memory; none where a count is below 1.

@@ -2,6 +2,7 @@
 // of the project, so that the grid floor and the readers can both know it.
 // SPDX-License-Identifier: MIT
 #pragma once
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <type_traits>
@@ -59,6 +60,12 @@ struct grid_reals {
   double out_y_cell = 0.0;
   double unused_23_to_24[2] = {};
 };
+
+// Words that mean something: those behind them belong to whoever holds the arrays.
+inline constexpr std::size_t description_ints =
+    offsetof(grid_ints, unused_18_to_24) / sizeof(std::int32_t);
+inline constexpr std::size_t description_reals =
+    offsetof(grid_reals, unused_23_to_24) / sizeof(double);
 
 static_assert(sizeof(grid_ints) == description_words * sizeof(std::int32_t));
 static_assert(sizeof(grid_reals) == description_words * sizeof(double));

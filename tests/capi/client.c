@@ -90,6 +90,8 @@ static void grids_are_described(void) {
   double reals[VELMORANKITE_DESCRIPTION_WORDS];
   float singles[23];
   int32_t status = 7;
+  ints[17] = 9;
+  reals[22] = 9.0;
   GRDRDH(padded("one.grd", name, sizeof name), ints, reals, bands, &status, sizeof name,
          sizeof bands);
   check(status == 0 && ints[VELMORANKITE_FORMAT_CODE] == 2, "a standard grid is recognised");
@@ -98,6 +100,7 @@ static void grids_are_described(void) {
   check(reals[VELMORANKITE_X_MAX] == x_origin + (columns - 1) * cell &&
             reals[VELMORANKITE_Y_CELL] == cell,
         "the reals stand in their slots");
+  check(ints[17] == 9 && reals[22] == 9.0, "the slots behind the last are not touched");
   check(bands[0] == ' ' && bands[511] == ' ', "the first band name is blank");
   singles[22] = 9.0F;
   GRDRDHS("one.grd", ints, singles, NULL, &status, 8, 512); /* with the NUL of the text */
