@@ -510,10 +510,10 @@ VELMORANKITE_API void GRID_DETREND_OLD(const char* input, const char* output, fl
  *   Filter       index, 100 to 212.
  *   PadWidth     the padded grid has 3 x PadWidth + 1 cells more on each side.
  *   FilterWidth  a convolution operator has 2 x FilterWidth - 1 points across.
- *   Detrend      units digit 0: the plane is taken off; 1: and put back; 2: the mean alone. Tens
- *                digit: the scope of GRID_DETREND_PLANE.
+ *   Detrend      units digit 0: the plane is taken off; 1: and put back; 2: nothing is taken off,
+ *                the margin fades to the mean. Tens digit: the scope of GRID_DETREND_PLANE.
  *   FftMode      0: convolution; 1: FFT in memory.
- *   HiCut, LoCut cutoffs as shares of the highest frequency, above 0 and up to 1.
+ *   HiCut, LoCut cutoffs in eighths of a cycle per cell, above 0 and up to 1.
  *   Azimuth      degrees.
  *   IntPar, RealPar  3 integers and 8 reals.
  *   OutMin, OutMax   out: range of the output; OutMax is 1 where none was made.
@@ -548,7 +548,7 @@ VELMORANKITE_API int32_t FOURN(float* data, const int32_t* dimension_count,
                                const int32_t* dimensions, const int32_t* sign);
 
 /* Designs the operator of a convolution filter.
- *   Filter to Par3  as in a run; distances in cells.
+ *   Filter to Par3  as in a run; distances in cells. The remanence lies along the field.
  *   direction  degrees from the Y axis towards the X axis, of a horizontal derivative.
  *   columns, rows  points each way, the same odd number n.
  *   weights    out: for an index below 200 the quarter plane, (n - 1) / 2 + 1 points each way from

@@ -20,9 +20,8 @@ void compute_spectrum(memory_run& run) {
   run.log.line(
       log_line("Initialise the values for the FFT arrays ", geometry.fftnx, geometry.fftny));
   run.log.line("Copy input grid data into FFT arrays");
-  const bool on_average = run.request.detrend_mode() == detrend_keeps_plane;
-  fill_fft_array(run.padded, run.padded_layout, geometry, on_average ? run.facts.average : 0.0F,
-                 run.array.span());
+  fill_fft_array(run.padded, run.padded_layout, geometry,
+                 run.request.keeps_plane() ? run.facts.average : 0.0F, run.array.span());
   run.log.line("Calculate forward FFT");
   run.log.pause();
   transform_array(run.array.span(), geometry, 1);

@@ -34,9 +34,7 @@ bool fits(const grid_description& saved, const transform_request& request,
   const grid_reals& mine = saved.reals;
   const grid_reals& wanted = input.grid.reals;
   const std::int32_t made_with = saved.ints.band_select;  // the process flag of the header
-  const bool mode_fits = made_with == detrend_keeps_plane
-                             ? request.detrend_mode() > 1
-                             : made_with <= 1 && request.detrend_mode() != detrend_keeps_plane;
+  const bool mode_fits = (made_with >= detrend_keeps_plane) == request.keeps_plane();
   const bool facts_known = mine.z_min >= static_cast<double>(valid_threshold) &&
                            mine.z_max >= static_cast<double>(valid_threshold) &&
                            mine.z_mid >= static_cast<double>(valid_threshold) &&
@@ -117,7 +115,7 @@ Status provide_padded_grid(const transform_request& request, const transform_inp
     return success;
   }
   const std::int32_t sense = input.grid.ints.storage_sense;
-  log.line(log_line("Generate padded grid file : ", geometry.nxp, geometry.nyp, sense));
+  log.line(log_line("Generate padded grid file : ", geometry.columns, geometry.rows, sense));
   log.line(sense_line(sense));
   const fit_scope scope =
       request.detrend_scope() == 1 ? fit_scope::all_cells : fit_scope::line_ends;

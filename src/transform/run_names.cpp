@@ -50,7 +50,7 @@ reuse_names name_reuse(const transform_request& request) {
     return {};
   }
   const char* tag = "_trs_det_ext_";
-  if (request.detrend_mode() > 1) {
+  if (request.keeps_plane()) {
     tag = "_trs_ext_";
   } else if (request.detrend_scope() == 1) {
     tag = "_trs_det_all_ext_";

@@ -4,6 +4,7 @@
 #include <span>
 
 #include "grid/cell_position.h"
+#include "platform/file_tests.h"
 #include "platform/padded_text.h"
 #include "transform/log_line.h"
 #include "transform/transform_driver.h"
@@ -18,6 +19,11 @@ Status check_names(const transform_request& request, TransformLog& log) {
   }
   if (platform::without_padding(request.out_grid).empty()) {
     log.line("The output grid name has not been specified");
+    return transform_arguments_invalid;
+  }
+  if (platform::same_file(platform::without_padding(request.in_grid),
+                          platform::without_padding(request.out_grid))) {
+    log.line("The output grid would replace the input grid");
     return transform_arguments_invalid;
   }
   return success;

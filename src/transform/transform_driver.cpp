@@ -75,8 +75,10 @@ void name_saved_grids(transform_run& run) {
 Status plan(transform_run& run) {
   const grid_ints& ints = run.input.grid.ints;
   if (plan_fft(ints.x_count, ints.y_count, run.request.pad_width, run.geometry).failed()) {
-    run.log.line(log_line("Allocation of padded grid arrays failed : ", transform_row_memory.code));
-    return transform_row_memory;
+    const Status status = run.request.fft_mode == fft_mode_convolution ? transform_row_memory
+                                                                       : transform_row_memory_fft;
+    run.log.line(log_line("Allocation of padded grid arrays failed : ", status.code));
+    return status;
   }
   const fft_geometry& g = run.geometry;
   if (run.request.fft_mode != fft_mode_convolution) {

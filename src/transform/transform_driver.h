@@ -14,7 +14,8 @@ inline constexpr Status transform_conversion_failed{-1006};
 inline constexpr Status transform_input_unopened{-1007};
 inline constexpr Status transform_fill_failed{-1008};
 inline constexpr Status transform_filter_refused{-1010};  // the catalogue's own checks
-inline constexpr Status transform_row_memory{-1013};
+inline constexpr Status transform_row_memory_fft{-1012};
+inline constexpr Status transform_row_memory{-1013};  // convolution road
 inline constexpr Status transform_array_memory{-1015};
 inline constexpr Status transform_padding_failed{-1016};
 inline constexpr Status transform_design_failed{-1023};

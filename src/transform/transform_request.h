@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 
+#include "condition/padded_grid.h"
 #include "formats/grid_description.h"
 
 namespace velmorankite {
@@ -32,6 +33,7 @@ struct transform_request {
   std::array<float, 8> real_par{};
 
   [[nodiscard]] std::int32_t detrend_mode() const noexcept { return detrend % 10; }
+  [[nodiscard]] bool keeps_plane() const noexcept { return detrend_mode() >= detrend_keeps_plane; }
   [[nodiscard]] std::int32_t detrend_scope() const noexcept { return detrend / 10 % 10; }
 };
 

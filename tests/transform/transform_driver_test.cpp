@@ -107,7 +107,7 @@ TEST_F(Transform, the_log_tells_the_steps_in_their_order) {
           "Allocate FFT arrays : 32 16\n"
           "Initialise the allocated FFT array: \n"
           "Check padded grid file : kept_trs_ext_001.grd\n"
-          "Generate padded grid file : 17 15 1\n"
+          "Generate padded grid file : 9 7 1\n"
           "Storage Sense :  1 (first element at bottom left, stored by row. Supported by Oasis)\n"
           "Padded grid data range,average : 4 4 4\n"
           "Perform FFT : 1 32 16\n"
@@ -269,7 +269,13 @@ TEST_F(Transform, refusals_have_a_status_and_a_line_and_make_no_grid) {
       {[](auto& r) { r.grid.ints.element_code = -4; },
        {-1006},
        "Failed to read the input grid file"},
-      {[](auto& r) { r.pad_width = 0x7FFFFFFF; }, {-1013}, "arrays failed"},
+      {[](auto& r) { r.pad_width = 0x7FFFFFFF; }, {-1012}, "arrays failed : -1012"},
+      {[](auto& r) {
+         r.pad_width = 0x7FFFFFFF;
+         r.fft_mode = 0;
+       },
+       {-1013},
+       "arrays failed : -1013"},
       {[](auto& r) { r.pad_width = 0x100000; },  // an array of 512 TiB
        {-1015},
        "There was a problem allocating the work array: -1015\nDeallocate\n"}};
@@ -287,6 +293,9 @@ TEST_F(Transform, refusals_have_a_status_and_a_line_and_make_no_grid) {
   write_grid(folder / "in.grd", lattice, [](int, int) { return dummy; });
   EXPECT_EQ(run(request(101)), transform_padding_failed);
   EXPECT_EQ(folder.names(), (names{"in.grd", "out_trs.log"}));
+  transform_request over_itself = request(101);
+  over_itself.out_grid = over_itself.in_grid;
+  EXPECT_EQ(run(over_itself), transform_arguments_invalid);
 }
 
 TEST_F(Transform, a_failing_write_or_read_leaves_no_scratch_and_no_output) {
