@@ -479,11 +479,13 @@ VELMORANKITE_API void GRDMIPMAP(const char* input, const int32_t* grid_ints,
                                 size_t output_length);
 
 /* Fits the plane a + b x + c y to a standard grid of 4-byte floats, x and y being distances from
- * its first cell in map units, and can take it off. scope    1: every cell with data is a sample;
- * 0: the ends of rows and columns alone. output   the residual grid; the plane goes to
- * `<stem>_trend.grd`. Blank: fit only. mean     out: of all cells with data. a, b, c  out. status
- * 0; -1 no cell with data, -997 the plane's grid, -998 the residual grid cannot be written, -999
- * the input cannot be described or opened. */
+ * its first cell in map units, and can take it off.
+ *   scope    1: every cell with data is a sample; 0: the ends of rows and columns alone.
+ *   output   the residual grid; the plane goes to `<stem>_trend.grd`. Blank: fit only.
+ *   mean     out: of all cells with data.
+ *   a, b, c  out.
+ *   status   0; -1 no cell with data, -997 the plane's grid, -998 the residual grid cannot be
+ *            written or is the input, -999 the input cannot be described or opened. */
 VELMORANKITE_API void GRID_DETREND_PLANE(const int32_t* scope, const char* input,
                                          const char* output, float* mean, float* a, float* b,
                                          float* c, int32_t* status, size_t input_length,
