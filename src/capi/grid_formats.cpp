@@ -42,6 +42,7 @@ velmorankite::Status describe(std::string_view name, std::int32_t* grid_ints, do
                               char* band_names, std::size_t band_name_length) {
   velmorankite::grid_description grid;
   velmorankite::grid_texts texts;
+  description_out(grid, grid_ints, grid_reals);  // where the file cannot be read, nothing stays
   const velmorankite::Status status = velmorankite::GRDRDH(name, grid, texts);
   description_out(grid, grid_ints, grid_reals);
   band_names_out(texts, band_names, band_name_length);
@@ -62,6 +63,7 @@ void GRDRDHS(const char* file_name, std::int32_t* grid_ints, float* grid_reals, 
              std::int32_t* status, std::size_t file_name_length, std::size_t band_name_length) {
   *status = guarded("GRDRDHS", [&] {
     std::array<double, velmorankite::description_words> reals{};
+    narrow(reals, grid_reals);
     const velmorankite::Status result = describe(text_in(file_name, file_name_length), grid_ints,
                                                  reals.data(), band_names, band_name_length);
     narrow(reals, grid_reals);
@@ -129,6 +131,9 @@ void GET_NUM_SUPPORTED_GRID_FORMATS(std::int32_t* count) {
 std::int32_t GET_GRID_FORMAT_NAME(const std::int32_t* code, char* name, char* mask,
                                   std::size_t name_length, std::size_t mask_length) {
   return guarded("GET_GRID_FORMAT_NAME", [&] {
+    if (*code == 0) {
+      return velmorankite::success;
+    }
     std::string name_text(text_in(name, name_length));
     std::string mask_text(text_in(mask, mask_length));
     const velmorankite::Status status =

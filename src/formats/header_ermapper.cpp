@@ -48,7 +48,7 @@ std::string quoted(std::string_view value) {
   if (first == std::string_view::npos || last == first) {
     return std::string(trimmed_text(value));
   }
-  return std::string(value.substr(first + 1, last - first - 1));
+  return std::string(trimmed_text(value.substr(first + 1, last - first - 1)));
 }
 
 bool coordinate_type(ers_header& h, std::string_view value) {
@@ -119,10 +119,12 @@ bool band_count(ers_header& h, std::string_view value) {
   if (!read_number(value, count) || count > most_bands) {
     return false;
   }
+  std::vector<std::string>& names = h.texts.band_names;
+  names.resize(std::max(names.size(), static_cast<std::size_t>(std::max(count, 0))));
   for (int n = 1; n <= count; ++n) {
-    std::string name(n < 10 ? "Band  " : "Band 1");
+    std::string& name = names[static_cast<std::size_t>(n - 1)];
+    name = n < 10 ? "Band  " : "Band 1";
     name += static_cast<char>('0' + (n < 10 ? n : n - 10));
-    h.texts.band_names.push_back(name);
   }
   return true;
 }

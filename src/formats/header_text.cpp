@@ -29,7 +29,8 @@ bool HeaderLines::next() {
     return false;
   }
   std::replace(raw.begin(), raw.end(), '\t', ' ');
-  line_ = FTRIM(raw);
+  as_written_ = FTRIM(raw);
+  line_ = as_written_;
   FUPPER(line_);
   return true;
 }

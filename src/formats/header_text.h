@@ -22,6 +22,8 @@ class HeaderLines {
   // Goes on to the next line; false at the end of the file.
   [[nodiscard]] bool next();
   [[nodiscard]] const std::string& line() const noexcept { return line_; }
+  // The line before its letters were folded to upper case.
+  [[nodiscard]] const std::string& as_written() const noexcept { return as_written_; }
   [[nodiscard]] bool blank() const noexcept { return line_.empty(); }
   // A keyword counts wherever it stands in the line, in a longer word or a comment too.
   [[nodiscard]] bool holds(std::string_view keyword) const noexcept {
@@ -33,6 +35,7 @@ class HeaderLines {
   platform::TextReader& reader_;
   std::size_t keep_;
   std::string line_;
+  std::string as_written_;
 };
 
 // The text behind the first "=", or behind a fixed column in a line without one; at most 80

@@ -61,7 +61,7 @@ Status read_layout(HeaderLines& lines, grid_description& grid, grid_texts& texts
   if (const Status status = next_filled(lines, {-2006}); status.failed()) {
     return status;
   }
-  Fields fields(lines.line());
+  Fields fields(lines.as_written());
   std::string_view field;
   if (!fields.take(field, false) || !read_number(field, grid.ints.aux_2)) {
     return {-2007};

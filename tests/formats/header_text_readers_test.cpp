@@ -65,12 +65,12 @@ TEST_F(TextHeader, files_that_gdal_wrote_lie_where_gdal_put_them) {
 
 const std::string ers =
     "DatasetHeader Begin\n HeaderOffset = 16\n ByteOrder = MSBFirst\n"
-    " CoordinateSpace Begin\n Datum = \"WGS84\"\n Projection = \"NUTM33\"\n"
+    " CoordinateSpace Begin\n Datum = \"WGS84 \"\n Projection = \"NUTM33\"\n"
     " CoordinateType = EN\n CoordinateSpace End\n"
     " RasterInfo Begin\n CellType = Signed16BitInteger\n NullCellValue = -32768000\n"
     " CellInfo Begin\n Xdimension = 2\n Ydimension = 3\n CellInfo End\n"
-    " NrOfLines = 5\n NrOfCellsPerLine = 7\n NrOfBands = 11\n"
-    " BandId Begin\n Value = \"TMI\"\n BandId End\n"
+    " NrOfLines = 5\n NrOfCellsPerLine = 7\n"
+    " BandId Begin\n Value = \"TMI\"\n BandId End\n NrOfBands = 11\n"
     " RegistrationCoord Begin\n Eastings = 1000\n Northings = 2012\n RegistrationCoord End\n"
     " RegistrationCellX = 0.5\n RegistrationCellY = 0.5\n"
     " RegionInfo Begin\n RegistrationCellX = 99\n Xdimension = 99\n RegionInfo End\n"
@@ -228,11 +228,13 @@ TEST_F(TextHeader, images_are_described_from_the_file_beside_them) {
 }
 
 const std::string zmap =
-    "! comment\n@ mag, GRID, 5\n 15, -99, , 7, 1\n 5, 7, 1000, 1012, 2000, 2012\n 0, 0, 0\n@\n" +
+    "! comment\n@ mag, GRID, 5\n 15, -99, Void, 7, 1\n 5, 7, 1000, 1012, 2000, 2012\n 0, 0, "
+    "0\n@\n" +
     std::string(256, '1');
 
 TEST_F(TextHeader, zmap_fields_have_a_status_each) {
   ASSERT_EQ(status_of("a.dat", zmap), 0);
+  EXPECT_EQ(texts.band_names, std::vector<std::string>{"Void"});
   EXPECT_EQ(grid.ints.y_count, 5);
   EXPECT_EQ(grid.ints.x_count, 7);
   EXPECT_EQ(grid.reals.x_cell, 2.0);
@@ -246,10 +248,10 @@ TEST_F(TextHeader, zmap_fields_have_a_status_each) {
   const example examples[] = {{"! comment", "!\n", -2001},
                               {"mag, GRID", "mag GRID", -2004},
                               {"GRID, 5", "GRID", -2005},
-                              {" 15, -99, , 7, 1", " ", -2006},
+                              {" 15, -99, Void, 7, 1", " ", -2006},
                               {" 15,", ",", -2007},
-                              {"-99, , 7, 1", "-99", -2008},
-                              {"-99, , 7, 1", "-99, ", -2009},
+                              {"-99, Void, 7, 1", "-99", -2008},
+                              {"-99, Void, 7, 1", "-99, ", -2009},
                               {" 5, 7, 1000", "5 7 , , ", -2013},
                               {"2012\n", "\n", -2017},
                               {"1012", "999", -2021},
