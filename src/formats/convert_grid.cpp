@@ -202,8 +202,8 @@ Status expand(const fs::path& input, std::optional<platform::ScratchFile>& expan
   return status.failed() ? expansion_failed : success;
 }
 
-void describe_result(const Lattice& lattice, const CellStatistics& statistics,
-                     grid_description& grid) {
+void describe_result(const kept_window& kept, const Lattice& lattice,
+                     const CellStatistics& statistics, grid_description& grid) {
   constexpr std::int64_t most = std::numeric_limits<std::int32_t>::max();
   grid_ints& ints = grid.ints;
   grid_reals& reals = grid.reals;
@@ -212,9 +212,9 @@ void describe_result(const Lattice& lattice, const CellStatistics& statistics,
   ints.valid_count = static_cast<std::int32_t>(std::min(statistics.valid_count(), most));
   ints.dummy_count = static_cast<std::int32_t>(std::min(statistics.dummy_count(), most));
   reals.out_x_min = lattice.x_min;
-  reals.out_x_max = lattice.x(lattice.x_count);
+  reals.out_x_max = (kept.columns.last - 1) * reals.x_cell + reals.x_min;
   reals.out_y_min = lattice.y_min;
-  reals.out_y_max = lattice.y(lattice.y_count);
+  reals.out_y_max = (kept.rows.last - 1) * reals.y_cell + reals.y_min;
   reals.out_x_cell = lattice.x_cell;
   reals.out_y_cell = lattice.y_cell;
   const bool any = statistics.valid_count() > 0;
@@ -224,6 +224,8 @@ void describe_result(const Lattice& lattice, const CellStatistics& statistics,
     reals.z_mid = statistics.mean();
     reals.z_spread = statistics.deviation();
   }
+  reals.unused_14 = -static_cast<double>(dummy);
+  reals.unused_15 = static_cast<double>(dummy);
 }
 
 // The smallest and the largest value stand in the header as they are, or as not known; mean and
@@ -265,7 +267,7 @@ Status convert(const fs::path& path, const grid_description& cells, cell_storage
   if (const Status done = conversion.run(); done.failed()) {
     return done;
   }
-  describe_result(lattice, conversion.statistics(), grid);
+  describe_result(kept, lattice, conversion.statistics(), grid);
   write_statistics(staged->file(), lattice, grid);
   staged->commit();
   return success;
@@ -296,7 +298,7 @@ Status GRDRDG(std::string_view input, std::string_view output, grid_description&
   if (storage == cell_storage::none) {
     return conversion_missing;
   }
-  if (platform::same_file(from, to)) {
+  if (to.empty() || platform::same_file(from, to)) {
     return conversion_output_unopened;
   }
   try {

@@ -45,12 +45,12 @@ struct grid_reals {
   double dummy_value = 0.0;  // marks a cell without data in this file
   double z_base = 0.0;       // true value = stored value / z_mult + z_base
   double z_mult = 0.0;
-  double z_min = 0.0;     // smallest true value, where the file tells it
-  double z_max = 0.0;     // largest true value
-  double z_mid = 0.0;     // standard grid: median; after a conversion: mean
-  double z_spread = 0.0;  // standard grid: mean; after a conversion: standard deviation
-  double unused_14 = 0.0;
-  double unused_15 = 0.0;
+  double z_min = 0.0;      // smallest true value, where the file tells it
+  double z_max = 0.0;      // largest true value
+  double z_mid = 0.0;      // standard grid: median; after a conversion: mean
+  double z_spread = 0.0;   // standard grid: mean; after a conversion: standard deviation
+  double unused_14 = 0.0;  // -1.0E32; after a conversion 1.0E32
+  double unused_15 = 0.0;  // -1.0E32
   double rotation = 0.0;   // as the file gives it; nothing acts on it
   double out_x_min = 0.0;  // limits and cell sizes of the converted grid
   double out_x_max = 0.0;

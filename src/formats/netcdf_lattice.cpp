@@ -226,6 +226,11 @@ void take_cells(const netcdf_variable& cells, grid_description& grid) {
   const double missing = first_value(cells, "missing_value", default_fill(cells.type));
   const double fill = first_value(cells, "_FillValue", missing);
   reals.dummy_value = std::isfinite(fill) ? fill : static_cast<double>(dummy);
+  // The mark has the type of the cells, which knows no unsigned numbers: its bits are meant.
+  const double values = std::exp2(8.0 * static_cast<double>(bytes_of(cells.type)));
+  if (grid.ints.element_kind == kind_unsigned && fill < 0.0 && fill >= -values / 2.0) {
+    reals.dummy_value += values;
+  }
   const netcdf_attribute* const range = find_attribute(cells.attributes, "actual_range");
   if (range != nullptr && range->has_values(2)) {
     reals.z_min = range->values[0];

@@ -125,6 +125,7 @@ class GridTextCodes final : public LineSource {
   Status read(std::int32_t number, bool /*wanted*/, std::span<float> cells) override {
     std::size_t filled = 0;
     std::string line;
+    last_ = dummy;
     while (filled < cells.size()) {
       if (!reader_.next_line(line, skipped + longest_coded)) {
         return unread(number);
@@ -153,24 +154,23 @@ class GridTextCodes final : public LineSource {
     return count;
   }
 
-  [[nodiscard]] std::size_t decode_repeats(std::string_view line, std::span<float> cells) const {
+  // A count of 1 is a blank: at the end of a line it goes with the blanks that do not count.
+  std::size_t decode_repeats(std::string_view line, std::span<float> cells) {
     constexpr int no_repeats = 31;
     line = line.substr(0, line.find_last_not_of(' ') + 1);
     std::size_t filled = 0;
-    float last = dummy;
     for (std::size_t at = 0; at < line.size();) {
       std::size_t count = 1;
       if (line[at] == '~') {
-        const int code =
-            at + 1 < line.size() ? static_cast<unsigned char>(line[at + 1]) : no_repeats;
+        const int code = at + 1 < line.size() ? static_cast<unsigned char>(line[at + 1]) : ' ';
         count = static_cast<std::size_t>(std::max(code - no_repeats, 0));
         at += 2;
       } else {
-        last = value_of(line.substr(at, width_));
+        last_ = value_of(line.substr(at, width_));
         at += width_;
       }
       count = std::min(count, cells.size() - filled);
-      std::ranges::fill(cells.subspan(filled, count), last);
+      std::ranges::fill(cells.subspan(filled, count), last_);
       filled += count;
     }
     return filled;
@@ -193,6 +193,7 @@ class GridTextCodes final : public LineSource {
   std::size_t width_;
   bool plain_;
   const grid_reals& reals_;
+  float last_ = dummy;  // what a repeat stands for: the token ahead of it in the row
 };
 
 // ZMap: fields of fixed width that run on through the lines of the file, from column to column.

@@ -90,9 +90,24 @@ bool same_word(std::string_view text, std::string_view lower_case) {
                     [&](char a, char b) { return lower(a) == b; });
 }
 
+bool is_letter_or_digit(char c) {
+  return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+}
+
+// "nan", also with letters and digits in brackets behind it, as C and Fortran print it.
+bool is_nan(std::string_view text) {
+  constexpr std::size_t word = 3;
+  if (!same_word(text.substr(0, word), "nan")) {
+    return false;
+  }
+  text.remove_prefix(word);
+  return text.empty() || (text.size() >= 2 && text.front() == '(' && text.back() == ')' &&
+                          std::ranges::all_of(text.substr(1, text.size() - 2), is_letter_or_digit));
+}
+
 template <typename Real>
 std::optional<Real> parse_magnitude(std::string_view text) {
-  if (same_word(text, "nan")) {
+  if (is_nan(text)) {
     return std::numeric_limits<Real>::quiet_NaN();
   }
   if (same_word(text, "inf") || same_word(text, "infinity")) {

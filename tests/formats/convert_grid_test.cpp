@@ -166,6 +166,40 @@ TEST_F(Conversion, of_text_follows_senses_repeats_and_lines) {
   }
 }
 
+// A grid of 4 x 3 cells in codes of `width` characters, whose numbers are the values. A comment in
+// the header says that tokens may repeat.
+std::string grid_text(int width, bool comment, const std::string& cells) {
+  return "$$GRID$$   4   3   0   0   0   0\n" + std::string(14, '-') + "   " +
+         std::to_string(width) + (comment ? "   1" : "   0") + std::string(18, '-') +
+         "    1000.0    2009.0              1008.0    2000.0          \n" +
+         (comment ? "comment\n" : "") + "       2.0       3.0            0.0            0.0" +
+         (width == 1 ? "      63.0\n" : "    4000.0\n") + cells + std::string(256, '0');
+}
+
+TEST_F(Conversion, of_coded_text_repeats_the_token_ahead) {
+  const float none = dummy;
+  struct example {
+    std::string bytes;
+    std::vector<float> cells;  // the lowest row first
+  };
+  // Digits of base 64 from ":" on, as many z as a code is wide a dummy. "~" and a character from
+  // the blank on copy once or more; a blank at the end of a line may be missing.
+  const example examples[] = {
+      {grid_text(1, true, "0001;~ z?\n0002<=~\n0003~  \n0004>~\"   \n"),
+       {1, 1, none, 5, 2, 3, 3, 3, 4, 4, 4, 4}},
+      {grid_text(2, true, "0001;:~!zz\n0002:;:<~ \n0003zz\n0004<;~\"\n"),
+       {64, 64, 64, none, 1, 2, 2, none, 129, 129, 129, 129}},
+      {grid_text(2, false, "0001:;;:zz<<\n0002:;:;:;:;\n0003zz:::;:<\n"),
+       {1, 64, none, 130, 1, 1, 1, 1, none, 0, 1, 2}},
+  };
+  for (const example& e : examples) {
+    ASSERT_EQ(convert_bytes("a.grd", e.bytes), success);
+    expect_cells([&](std::int32_t column, std::int32_t row) {
+      return e.cells[testing::cell_index(column, row, 4)];
+    });
+  }
+}
+
 TEST_F(Conversion, keeps_a_window_and_every_so_many_cells_on_both_roads) {
   for (const std::int32_t sense : {1, -2}) {
     testing::write_grid(
@@ -188,6 +222,7 @@ TEST_F(Conversion, keeps_a_window_and_every_so_many_cells_on_both_roads) {
       EXPECT_EQ(grid.ints.out_x_count, e.columns);
       EXPECT_EQ(grid.ints.out_y_count, e.rows);
       EXPECT_EQ(grid.reals.out_x_min, 100.0 + 2.0 * (e.first_column - 1));
+      EXPECT_EQ(grid.reals.out_x_max, grid.reals.out_x_min + 2.0 * e.x_step * (e.columns - 1));
       EXPECT_EQ(grid.reals.out_y_cell, 5.0 * e.y_step);
       expect_cells([&](std::int32_t column, std::int32_t row) {
         return static_cast<float>(100 * (e.first_column + (column - 1) * e.x_step) + e.first_row +
@@ -296,7 +331,7 @@ TEST_F(Conversion, that_cannot_be_done_gives_its_status_and_no_output) {
   const example examples[] = {
       {"a.gxf", plain, Status{-1003}},
       {"a.gxf", gxf("", "1 2 3 4\n5 six 7 8\n"), Status{-1002}},
-      {"a.gxf", gxf("", "1 2 nan(3) 4\n"), Status{-1001}},
+      {"a.gxf", gxf("", "1 2 nan(3 4\n"), Status{-1001}},
       {"a.gxf", gxf("", "+2*1 2 3\n"), Status{-1001}},
       {"a.gxf", gxf("", "333333333*\n5 6 7 8\n"), Status{-1001}},
       {"a.gxf", gxf("#GTYPE\n2\n", "%%&%!!%'\n\"\"%)&%\n%&"), Status{-1003}},

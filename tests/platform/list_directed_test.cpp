@@ -174,6 +174,8 @@ TEST(ParseReal, too_small_is_zero_and_too_large_is_no_number) {
   EXPECT_EQ(parse_single("1e-60"), 0.0F);
   EXPECT_FALSE(parse_single("1e39"));
   EXPECT_TRUE(std::isnan(parse_single("-NaN").value_or(0)));
+  EXPECT_TRUE(std::isnan(parse_single("-nan(ind)").value_or(0)));
+  EXPECT_FALSE(parse_single("nan(").has_value());
 }
 
 TEST(ParseReal, single_precision_is_rounded_once) {
