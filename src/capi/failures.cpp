@@ -70,9 +70,9 @@ std::int32_t failure_in_flight(std::string_view routine) noexcept {
   }
 }
 
-std::int32_t number_of(std::string_view routine, Status status) noexcept {
+std::int32_t number_of(std::string_view routine, Status status) {
   if (status.failed()) {
-    remember_failure(routine, status_text(routine, status));
+    remember_failure(routine, status_words(routine, status));
   }
   return status.code;
 }

@@ -18,13 +18,27 @@ void remember_failure(std::string_view routine, std::string_view words) noexcept
 std::int32_t failure_in_flight(std::string_view routine) noexcept;
 
 // Remembers the words of a status, if it is a failure, and gives its number.
-std::int32_t number_of(std::string_view routine, Status status) noexcept;
+std::int32_t number_of(std::string_view routine, Status status);
 
 // Runs the body of a routine, which gives a Status; no exception leaves it.
 template <typename Body>
 std::int32_t guarded(std::string_view routine, Body&& body) noexcept {
   try {
     return number_of(routine, body());
+  } catch (...) {
+    return failure_in_flight(routine);
+  }
+}
+
+// The same with words of the caller's for a failing status.
+template <typename Body, typename Words>
+std::int32_t guarded(std::string_view routine, Body&& body, Words&& words) noexcept {
+  try {
+    const Status status = body();
+    if (status.failed()) {
+      remember_failure(routine, words(status));
+    }
+    return status.code;
   } catch (...) {
     return failure_in_flight(routine);
   }

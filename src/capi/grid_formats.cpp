@@ -14,6 +14,7 @@
 #include "formats/compressed_grid.h"
 #include "formats/convert_grid.h"
 #include "formats/describe_grid.h"
+#include "formats/failure_words.h"
 
 using namespace velmorankite::capi;
 
@@ -75,8 +76,8 @@ void GRDRDG(const char* input, const char* output, std::int32_t* grid_ints, doub
             double* x_start, double* x_end, std::int32_t* x_step, double* y_start, double* y_end,
             std::int32_t* y_step, std::int32_t* status, std::size_t input_length,
             std::size_t output_length) {
-  *status = guarded("GRDRDG", [&] {
-    velmorankite::grid_description grid = description_in(grid_ints, grid_reals);
+  velmorankite::grid_description grid = description_in(grid_ints, grid_reals);
+  const auto convert = [&] {
     velmorankite::grid_window window{*x_start, *x_end, *x_step, *y_start, *y_end, *y_step};
     const velmorankite::Status result = velmorankite::GRDRDG(
         text_in(input, input_length), text_in(output, output_length), grid, window);
@@ -88,6 +89,9 @@ void GRDRDG(const char* input, const char* output, std::int32_t* grid_ints, doub
     *y_end = window.y_end;
     *y_step = window.y_step;
     return result;
+  };
+  *status = guarded("GRDRDG", convert, [&grid](velmorankite::Status failure) {
+    return words_of_conversion(failure, grid);
   });
 }
 

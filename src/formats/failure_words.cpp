@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "formats/catalogue.h"
+#include "formats/convert_grid.h"
 #include "formats/line_source.h"
 #include "grid/status_text.h"
 
@@ -76,9 +77,7 @@ std::string words_for_format(std::string_view words, std::int32_t format_code) {
 }
 
 std::string words_of(std::string_view routine, Status status, std::int32_t format_code) {
-  const std::string_view words = status_text(routine, status);
-  return words.empty() ? "status " + std::to_string(status.code)
-                       : words_for_format(words, format_code);
+  return words_for_format(status_words(routine, status), format_code);
 }
 
 bool holds_images(std::int32_t format_code) {
@@ -99,14 +98,15 @@ std::string words_of_conversion(Status status, const grid_description& grid) {
     (void)GET_GRID_FORMAT_NAME(format_code, name, mask);
     return "files of format \"" + name + "\" hold images, which are not converted to grids";
   }
-  if (!status_text("GRDRDG", status).empty()) {
-    return words_of("GRDRDG", status, format_code);
+  // A line of a ZMap file has its own number, which other failures have too.
+  if (format_code == format_zmap && status != conversion_impossible) {
+    std::string words = "line " + std::to_string(-status.code) + " of the file cannot be read";
+    if (status == conversion_output_unopened || status == zmap_header_unended) {
+      words.append(", or ").append(words_of("GRDRDG", status, format_code));
+    }
+    return words;
   }
-  if (status.code < text_line_unread) {
-    return "line " + std::to_string(text_line_unread - status.code) +
-           " of the cells cannot be read";
-  }
-  return "line " + std::to_string(-status.code) + " of the file cannot be read";
+  return words_of("GRDRDG", status, format_code);
 }
 
 }  // namespace velmorankite

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <limits>
 
 namespace velmorankite {
 namespace {
@@ -154,6 +155,37 @@ constexpr status_row rows[] = {
     {"TRSD", -1023, "the convolution operator cannot be designed"},
 };
 
+constexpr std::int32_t no_last = std::numeric_limits<std::int32_t>::min();
+
+// Where one family begins another of the same routine goes on: the nearest base counts.
+constexpr status_family families[] = {
+    {"EXPUNCOMPGRID", -20002, -20021, "the file ends within value ", " of its header"},
+    {"EXPUNCOMPGRID", -21000, no_last, "block ", ": the file ends within it"},
+    {"EXPUNCOMPGRID", -22000, no_last, "block ", ": its cells cannot be written"},
+    {"EXPUNCOMPGRID", -24000, no_last, "block ", ": a chunk has more bytes than a chunk may have"},
+    {"EXPUNCOMPGRID", -26000, no_last, "block ", ": a chunk cannot be written"},
+    {"EXPUNCOMPGRID", -27000, no_last, "block ", ": a stored chunk lacks its marker"},
+    {"EXPUNCOMPGRID", -28000, no_last, "block ", ": a stored chunk cannot be written"},
+    {"EXPUNCOMPGRID", -29000, no_last, "block ", ": there is no memory to expand it"},
+    {"EXPUNCOMPGRID", -30000, no_last, "block ", ": what it expands to cannot be written"},
+    {"EXPUNCOMPGRID", -31000, no_last, "block ", ": it is of an unknown kind"},
+    {"EXPUNCOMPGRID", -32000, no_last, "block ", ": it is corrupt, or longer than its rows"},
+    {"EXPUNCOMPGRID", -33000, no_last, "block ",
+     ": a chunk leaves it, or does not expand to its length"},
+    {"GRDRDG", 0, -1000, "ZMap: line ", " of the file cannot be read"},
+    {"GRDRDG", -1000, no_last, "line ", " of the cells cannot be read"},
+};
+
+const status_family* family_of(std::string_view routine, std::int32_t number) noexcept {
+  const status_family* nearest = nullptr;
+  for (const status_family& family : families) {
+    if (family.routine == routine && number < family.base && number >= family.last) {
+      nearest = &family;
+    }
+  }
+  return nearest;
+}
+
 // The routine whose numbers a routine hands on; all others hand on those of the C interface.
 struct forwarding {
   std::string_view routine;
@@ -174,10 +206,32 @@ constexpr forwarding forwardings[] = {
     {"TRS", "TRSD"},
 };
 
+std::string_view numbers_of(std::string_view routine) noexcept {
+  const auto* const next = std::find_if(std::begin(forwardings), std::end(forwardings),
+                                        [&](const forwarding& f) { return f.routine == routine; });
+  return next != std::end(forwardings) ? next->numbers_of : routine;
+}
+
 }  // namespace
 
 std::span<const status_row> status_rows() noexcept {
   return rows;
+}
+
+std::span<const status_family> status_families() noexcept {
+  return families;
+}
+
+std::string status_words(std::string_view routine, Status status) {
+  if (const std::string_view words = status_text(routine, status); !words.empty()) {
+    return std::string(words);
+  }
+  if (const status_family* const family = family_of(numbers_of(routine), status.code)) {
+    std::string words(family->before);
+    words += std::to_string(std::int64_t{family->base} - status.code);
+    return words.append(family->behind);
+  }
+  return "status " + std::to_string(status.code);
 }
 
 std::string_view status_text(std::string_view routine, Status status) noexcept {
@@ -190,10 +244,8 @@ std::string_view status_text(std::string_view routine, Status status) noexcept {
   if (row != std::end(rows)) {
     return row->words;
   }
-  const auto* const next = std::find_if(std::begin(forwardings), std::end(forwardings),
-                                        [&](const forwarding& f) { return f.routine == routine; });
-  if (next != std::end(forwardings)) {
-    return status_text(next->numbers_of, status);
+  if (const std::string_view next = numbers_of(routine); next != routine) {
+    return status_text(next, status);
   }
   return routine.empty() ? std::string_view() : status_text({}, status);
 }

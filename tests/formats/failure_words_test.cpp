@@ -42,7 +42,9 @@ TEST(FailureWords, of_a_conversion_count_lines_and_name_images) {
     return words_of_conversion(Status{number}, grid_of(format_code));
   };
   EXPECT_EQ(words(-1001, format_arcinfo), "the first line of the cells cannot be read");
-  EXPECT_EQ(words(-1001, format_zmap), "the header does not end with \"@\"");
+  EXPECT_EQ(words(-1001, format_zmap),
+            "line 1001 of the file cannot be read, or the header does not end with \"@\"");
+  EXPECT_EQ(words(-27, format_zmap), "line 27 of the file cannot be read");
   EXPECT_EQ(words(-1003, format_arcinfo), "line 3 of the cells cannot be read");
   EXPECT_EQ(words(-17, format_zmap), "line 17 of the file cannot be read");
   EXPECT_NE(words(-1, format_bil).find("\"BIL\""), std::string::npos);
