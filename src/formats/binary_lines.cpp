@@ -6,11 +6,10 @@
 
 #include "formats/catalogue.h"
 #include "formats/cell_decoding.h"
+#include "formats/companion_file.h"
 #include "formats/line_source.h"
-#include "formats/recognition.h"
 #include "formats/stored_lines.h"
 #include "platform/binary_file.h"
-#include "platform/file_tests.h"
 #include "platform/io_error.h"
 
 namespace velmorankite {
@@ -57,22 +56,6 @@ class BinaryLines final : public LineSource {
   stored_lines lines_;
   std::vector<std::byte> raw_;
 };
-
-// ER Mapper's cells stand beside the header, under its name without the extension or with one of
-// two others; an empty path if there is no such file.
-std::filesystem::path ermapper_cells(const std::filesystem::path& header) {
-  const std::string name = header.string();
-  const std::size_t dot = name.size() - own_name(name).size() + own_name(name).rfind('.');
-  const std::string stem =
-      own_name(name).find('.') == std::string::npos ? name : name.substr(0, dot);
-  for (const char* const ending : {"", ".erm", ".dat"}) {
-    std::filesystem::path candidate = stem + ending;
-    if (platform::bytes_of_file(candidate) >= 0) {
-      return candidate;
-    }
-  }
-  return {};
-}
 
 }  // namespace
 

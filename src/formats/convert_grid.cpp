@@ -12,6 +12,7 @@
 #include "formats/catalogue.h"
 #include "formats/cell_decoding.h"
 #include "formats/cell_statistics.h"
+#include "formats/companion_file.h"
 #include "formats/compressed_grid.h"
 #include "formats/describe_grid.h"
 #include "formats/stored_lines.h"
@@ -298,7 +299,8 @@ Status GRDRDG(std::string_view input, std::string_view output, grid_description&
   if (storage == cell_storage::none) {
     return conversion_missing;
   }
-  if (to.empty() || platform::same_file(from, to)) {
+  if (to.empty() || platform::same_file(from, to) ||
+      platform::same_file(companion_file(from, grid.ints.format_code), to)) {
     return conversion_output_unopened;
   }
   try {

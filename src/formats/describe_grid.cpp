@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "formats/companion_file.h"
 #include "formats/description_checks.h"
 #include "formats/header_readers.h"
 #include "formats/recognition.h"
@@ -17,12 +18,6 @@ namespace {
 std::string_view without_trailing_blanks(std::string_view name) {
   const std::size_t last = name.find_last_not_of(' ');
   return last == std::string_view::npos ? std::string_view() : name.substr(0, last + 1);
-}
-
-std::filesystem::path header_beside(const std::filesystem::path& path) {
-  std::string name = path.string();
-  name.replace(name.size() - 4, 4, ".hdr");
-  return name;
 }
 
 Status read_header(const format_reader& reader, const grid_file& file, grid_description& grid,

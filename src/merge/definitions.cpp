@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "formats/companion_file.h"
 #include "merge/seam_correction.h"
 #include "merge/seam_mismatch.h"
 #include "platform/file_tests.h"
@@ -102,7 +103,8 @@ void DefinitionsReader::numbers(const std::string& meaning,
 bool same_place(const std::filesystem::path& a, const std::filesystem::path& b) {
   std::error_code failure;
   const auto place = [&failure](const std::filesystem::path& path) {
-    return std::filesystem::weakly_canonical(std::filesystem::absolute(path, failure), failure);
+    return std::filesystem::weakly_canonical(
+        std::filesystem::absolute(platform::link_target(path), failure), failure);
   };
   return platform::same_file(a, b) || place(a) == place(b);
 }
@@ -117,7 +119,9 @@ void keep_files_apart(const DefinitionsReader& reader, const std::filesystem::pa
   };
   const named_file inputs[] = {{0, "the definitions file", definitions},
                                {2, "grid 1", d.grid_1_file},
+                               {2, "a file of grid 1", companion_file(d.grid_1_file)},
                                {3, "grid 2", d.grid_2_file},
+                               {3, "a file of grid 2", companion_file(d.grid_2_file)},
                                {4, "the stitch line", d.stitch_line_file}};
   std::vector<named_file> results = {
       {5, "the output grid", d.stitch.output_path},
@@ -131,7 +135,7 @@ void keep_files_apart(const DefinitionsReader& reader, const std::filesystem::pa
     results.push_back({6, "the log of the correction", names.log});
   }
   const auto keep_apart = [&reader](const named_file& result, const named_file& other) {
-    if (same_place(result.path, other.path)) {
+    if (!other.path.empty() && same_place(result.path, other.path)) {
       std::string reason(result.meaning);
       reason.append(" would replace ").append(other.meaning).append(" (");
       reason.append(result.path.string()).append("), a name of its own is expected");

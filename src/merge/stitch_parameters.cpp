@@ -2,7 +2,9 @@
 #include "merge/stitch_parameters.h"
 
 #include <cmath>
+#include <limits>
 #include <string_view>
+#include <type_traits>
 
 #include "platform/number_text.h"
 
@@ -23,15 +25,22 @@ struct parameter_rule {
   std::string_view expected;
 };
 
+// A list may leave a value out, which reads as no number.
+template <typename T>
+std::string told(T value) {
+  const bool none =
+      std::is_integral_v<T> ? value == std::numeric_limits<T>::min() : !(value == value);
+  return none ? "left out or no number" : shortest(value);
+}
+
 template <typename T>
 parameter_rule finite(int line, std::string_view field, T value) {
-  return {line, std::isfinite(value), field, shortest(value), "a finite number"};
+  return {line, std::isfinite(value), field, told(value), "a finite number"};
 }
 
 template <typename T>
 parameter_rule above_zero(int line, std::string_view field, T value) {
-  return {line, std::isfinite(value) && value > 0, field, shortest(value),
-          "a finite number above 0"};
+  return {line, std::isfinite(value) && value > 0, field, told(value), "a finite number above 0"};
 }
 
 }  // namespace
@@ -39,7 +48,7 @@ parameter_rule above_zero(int line, std::string_view field, T value) {
 std::optional<parameter_fault> find_fault(const stitch_parameters& p) {
   const parameter_rule rules[] = {
       finite(7, "correction_distance", p.correction_distance),
-      {8, p.adjusted_grid == 0 || p.adjusted_grid == 1, "adjusted_grid", shortest(p.adjusted_grid),
+      {8, p.adjusted_grid == 0 || p.adjusted_grid == 1, "adjusted_grid", told(p.adjusted_grid),
        "0 or 1"},
       above_zero(9, "blend_width", p.blend_width),
       finite(10, "band_margin", p.band_margin),
@@ -47,12 +56,11 @@ std::optional<parameter_fault> find_fault(const stitch_parameters& p) {
       finite(12, "lattice_x_max", p.lattice_x_max),
       above_zero(12, "lattice_cell_x", p.lattice.x_cell),
       {12, p.lattice.x_count >= 1 && p.lattice.x_count <= longest_row, "lattice_nx",
-       shortest(p.lattice.x_count), "a count from 1 to 536870911"},
+       told(p.lattice.x_count), "a count from 1 to 536870911"},
       finite(13, "lattice_y_min", p.lattice.y_min),
       finite(13, "lattice_y_max", p.lattice_y_max),
       above_zero(13, "lattice_cell_y", p.lattice.y_cell),
-      {13, p.lattice.y_count >= 1, "lattice_ny", shortest(p.lattice.y_count),
-       "a count of at least 1"},
+      {13, p.lattice.y_count >= 1, "lattice_ny", told(p.lattice.y_count), "a count of at least 1"},
   };
   for (const parameter_rule& rule : rules) {
     if (!rule.holds) {

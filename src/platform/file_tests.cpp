@@ -33,6 +33,19 @@ bool same_file(const std::filesystem::path& a, const std::filesystem::path& b) {
   return !failure && same;
 }
 
+std::filesystem::path link_target(std::filesystem::path path) {
+  constexpr int most_links = 40;  // as many as the system follows
+  std::error_code failure;
+  for (int i = 0; i < most_links && std::filesystem::is_symlink(path, failure); ++i) {
+    const std::filesystem::path next = std::filesystem::read_symlink(path, failure);
+    if (failure) {
+      break;
+    }
+    path = path.parent_path() / next;
+  }
+  return path;
+}
+
 void delete_file(const std::filesystem::path& path) noexcept {
   current_system().remove(path);
 }

@@ -13,6 +13,7 @@
 #include <string>
 #include <utility>
 
+#include "platform/file_tests.h"
 #include "platform/io_error.h"
 #include "platform/system.h"
 
@@ -64,7 +65,7 @@ std::filesystem::path resolved_target(const std::filesystem::path& target) {
   std::error_code failure;
   const std::filesystem::file_status status = std::filesystem::status(target, failure);
   if (!std::filesystem::exists(status)) {
-    return target;
+    return link_target(target);
   }
   if (!std::filesystem::is_regular_file(status)) {
     throw IoError(target, "is not a regular file, so it is not replaced");

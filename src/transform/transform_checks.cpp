@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "transform/transform_checks.h"
 
+#include <filesystem>
 #include <span>
 
+#include "formats/companion_file.h"
 #include "grid/cell_position.h"
 #include "platform/file_tests.h"
 #include "platform/padded_text.h"
@@ -21,8 +23,10 @@ Status check_names(const transform_request& request, TransformLog& log) {
     log.line("The output grid name has not been specified");
     return transform_arguments_invalid;
   }
-  if (platform::same_file(platform::without_padding(request.in_grid),
-                          platform::without_padding(request.out_grid))) {
+  const std::filesystem::path input = platform::without_padding(request.in_grid);
+  const std::filesystem::path output = platform::without_padding(request.out_grid);
+  if (platform::same_file(input, output) ||
+      platform::same_file(companion_file(input, request.grid.ints.format_code), output)) {
     log.line("The output grid would replace the input grid");
     return transform_arguments_invalid;
   }

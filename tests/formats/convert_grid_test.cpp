@@ -124,6 +124,7 @@ TEST_F(Conversion, takes_the_cells_of_er_mapper_from_either_companion) {
   std::filesystem::copy_file(test_data("gdal/oblong.ers"), folder / "a.b.ers");
   EXPECT_EQ(convert(folder / "a.b.ers"), conversion_impossible);
   std::filesystem::copy_file(test_data("gdal/oblong"), folder / "a.b.erm");
+  EXPECT_EQ(GRDRDG("a.b.ers", "a.b.erm", grid, window), conversion_output_unopened);
   ASSERT_EQ(convert(folder / "a.b.ers"), success);
   expect_cells(text_field);
 }

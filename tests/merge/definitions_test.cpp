@@ -145,19 +145,21 @@ TEST_F(Definitions, values_that_no_stitch_can_use_are_refused_before_any_work) {
     const char* refusal;
   };
   const example examples[] = {
-      {7, "NaN", "line 7: correction_distance is nan, a finite number"},
+      {7, "NaN", "line 7: correction_distance is left out or no number, a finite number"},
       {8, "2", "line 8: adjusted_grid is 2, 0 or 1"},
       {9, "0", "line 9: blend_width is 0, a finite number above 0"},
       {9, "inf", "line 9: blend_width is inf, a finite number above 0"},
-      {9, "/", "line 9: blend_width is nan, a finite number above 0"},
+      {9, "/", "line 9: blend_width is left out or no number, a finite number above 0"},
       {10, "\n\n-inf", "line 12: band_margin is -inf, a finite number"},
-      {12, "NaN 9000.0 50.0 161", "line 12: lattice_x_min is nan, a finite number"},
+      {12, "NaN 9000.0 50.0 161",
+       "line 12: lattice_x_min is left out or no number, a finite number"},
       {12, "1000.0 inf 50.0 161", "line 12: lattice_x_max is inf, a finite number"},
       {12, "1.0 9.0 -1D-3 161", "line 12: lattice_cell_x is -0.001, a finite number above 0"},
       {12, "1.0 9.0 50.0 0", "line 12: lattice_nx is 0, a count from 1 to 536870911"},
       {12, "0 1 1 536870912", "line 12: lattice_nx is 536870912, a count from 1 to 536870911"},
       {13, "2*inf 25.0 161", "line 13: lattice_y_min is inf, a finite number"},
-      {13, "2000.0 NaN 25.0 161", "line 13: lattice_y_max is nan, a finite number"},
+      {13, "2000.0 NaN 25.0 161",
+       "line 13: lattice_y_max is left out or no number, a finite number"},
       {13, "2000.0 6000.0 0 161", "line 13: lattice_cell_y is 0, a finite number above 0"},
       {13, "2000.0 6000.0 25.0 -161", "line 13: lattice_ny is -161, a count of at least 1"},
   };
@@ -199,6 +201,20 @@ TEST_F(Definitions, no_result_takes_the_place_of_an_input_or_of_another_result) 
     put(e.line, e.text);
     EXPECT_EQ(refusal(), e.refusal);
   }
+  // Neither the cells of an ER Mapper header nor a result by way of a link to nothing yet.
+  write_file(folder / "map.ers", std::string("DatasetHeader Begin\n") + std::string(300, ' '));
+  write_file(folder / "map", "cells");
+  lines = sound;
+  put(2, "map.ers");
+  put(5, "map");
+  EXPECT_EQ(refusal(), "line 5: the output grid would replace a file of grid 1 (map)" + own);
+  std::filesystem::create_symlink("report_mismatch.dat", folder / "ahead.grd");
+  lines = sound;
+  put(5, "ahead.grd");
+  EXPECT_EQ(refusal(),
+            "line 6: the mismatch report would replace the output grid "
+            "(report_mismatch.dat)" +
+                own);
   // The correction grid is a result only where a correction is asked for.
   lines = sound;
   put(2, "report_stitch_grid_smooth.grd");

@@ -69,6 +69,10 @@ TEST(StagedFile, a_link_is_followed_and_a_device_or_folder_refused) {
   staged.commit();
   EXPECT_TRUE(std::filesystem::is_symlink(folder / "link.grd"));
   EXPECT_EQ(read_file(folder / "real.grd"), "n");
+  std::filesystem::create_symlink("later.grd", folder / "ahead.grd");
+  StagedFile(folder / "ahead.grd").commit();
+  EXPECT_TRUE(std::filesystem::is_symlink(folder / "ahead.grd"));
+  EXPECT_TRUE(std::filesystem::exists(folder / "later.grd"));
   EXPECT_THROW(StagedFile("/dev/null"), IoError);
   EXPECT_THROW(StagedFile(folder.path()), IoError);
 }

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#include "formats/companion_file.h"
+
+#include <string>
+
+#include "formats/catalogue.h"
+#include "formats/recognition.h"
+#include "platform/file_tests.h"
+#include "platform/io_error.h"
+
+namespace velmorankite {
+
+std::filesystem::path header_beside(const std::filesystem::path& cells) {
+  std::string name = cells.string();
+  name.replace(name.size() - 4, 4, ".hdr");
+  return name;
+}
+
+std::filesystem::path ermapper_cells(const std::filesystem::path& header) {
+  const std::string name = header.string();
+  const std::size_t dot = name.size() - own_name(name).size() + own_name(name).rfind('.');
+  const std::string stem =
+      own_name(name).find('.') == std::string::npos ? name : name.substr(0, dot);
+  for (const char* const ending : {"", ".erm", ".dat"}) {
+    std::filesystem::path candidate = stem + ending;
+    if (platform::bytes_of_file(candidate) >= 0) {
+      return candidate;
+    }
+  }
+  return {};
+}
+
+std::filesystem::path companion_file(const std::filesystem::path& path, std::int32_t format_code) {
+  switch (format_code) {
+    case format_ermapper:
+      return ermapper_cells(path);
+    case format_bil:
+    case format_bip:
+    case format_float_cells:
+      return header_beside(path);
+    default:
+      return {};
+  }
+}
+
+std::filesystem::path companion_file(const std::filesystem::path& path) {
+  const grid_file file{path, extension_of(path), platform::bytes_of_file(path)};
+  grid_description grid;
+  try {
+    if (file.size <= 0 || recognise_format(file, grid).failed()) {
+      return {};
+    }
+  } catch (const platform::IoError&) {
+    return {};
+  }
+  return companion_file(path, grid.ints.format_code);
+}
+
+}  // namespace velmorankite

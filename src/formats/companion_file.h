@@ -1,0 +1,24 @@
+// The second file of a grid that consists of two.
+// SPDX-License-Identifier: MIT
+#pragma once
+#include <cstdint>
+#include <filesystem>
+
+namespace velmorankite {
+
+// The header file of cells that have none themselves: the same name with its last four characters
+// ".hdr", there or not.
+[[nodiscard]] std::filesystem::path header_beside(const std::filesystem::path& cells);
+
+// ER Mapper's cells stand beside the header, under its name without the extension or with one of
+// two others; an empty path if there is no such file.
+[[nodiscard]] std::filesystem::path ermapper_cells(const std::filesystem::path& header);
+
+// What is read beside `path`, a grid of the given format; an empty path where that is nothing.
+[[nodiscard]] std::filesystem::path companion_file(const std::filesystem::path& path,
+                                                   std::int32_t format_code);
+
+// The same for a grid whose format is not known yet. An empty path too where it cannot be told.
+[[nodiscard]] std::filesystem::path companion_file(const std::filesystem::path& path);
+
+}  // namespace velmorankite
