@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "merge/driver.h"
+#include "platform/io_error.h"
 #include "platform/process.h"
 #include "platform/scratch_file.h"
 
@@ -22,7 +23,7 @@ void write_line(std::FILE* stream, std::string_view line) {
 
 void remark(std::string_view words) {
   std::fputs("velmorankite: ", stderr);
-  write_line(stderr, words);
+  write_line(stderr, velmorankite::platform::printable(words));
 }
 
 }  // namespace

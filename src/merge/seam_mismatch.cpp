@@ -98,7 +98,7 @@ void write_mismatch_report(const std::filesystem::path& path, std::span<const do
   report.line("Num,X,Y,grid1,grid2,grid1-grid2");
   std::int64_t number = 0;
   for (std::size_t i = 0; i < grid_1.size(); ++i) {
-    if (!is_valid(grid_2[i])) {
+    if (grid_2[i] == dummy) {
       continue;
     }
     std::string line = integer_edit(++number, 6);

@@ -129,10 +129,16 @@ bool skip_to_vertices(GroupReader& groups, bool& closed) {
   return false;
 }
 
+// What was read of a polyline, kept or not.
+struct vertices_read {
+  std::size_t count = 0;
+  std::optional<vertex> last;
+};
+
 // Reads the vertices up to the end of the polyline, or of the file, and keeps in `line` those
-// that lie far enough from the vertex before them. Gives the vertex read last.
-std::optional<vertex> read_vertices(GroupReader& groups, double minimum_distance,
-                                    stitch_line& line) {
+// that lie far enough from the vertex before them.
+vertices_read read_vertices(GroupReader& groups, double minimum_distance, stitch_line& line) {
+  std::size_t count = 0;
   std::optional<vertex> last;
   bool half_read = false;  // a vertex whose Y has not come yet
   double x = 0.0;
@@ -153,13 +159,25 @@ std::optional<vertex> read_vertices(GroupReader& groups, double minimum_distance
         line.y.push_back(read.y);
       }
       last = read;
+      ++count;
       half_read = false;
     }
   }
   if (half_read && groups.value_begins("SEQEND")) {
     throw groups.fault("group 20, the Y of the vertex, expected ahead of SEQEND");
   }
-  return last;
+  return {count, last};
+}
+
+std::string too_few(const vertices_read& vertices, double minimum_distance) {
+  if (vertices.count == 0) {
+    return "no VERTEX has its X in group 10 and its Y in group 20";
+  }
+  if (vertices.count == 1) {
+    return "a stitch line needs 2 vertices, 1 is there";
+  }
+  return "a stitch line needs 2 vertices, 1 is left without those nearer than " +
+         platform::shortest(minimum_distance) + " to the one before them";
 }
 
 }  // namespace
@@ -169,25 +187,26 @@ Status RDSTITCHDXF(const std::filesystem::path& path, double minimum_distance, s
   GroupReader groups(path);
   stitch_line kept;
   bool closed = false;
-  std::optional<vertex> last;
-  if (groups.skip_to("ENTITIES") && skip_to_vertices(groups, closed)) {
-    last = read_vertices(groups, minimum_distance, kept);
+  vertices_read vertices;
+  std::string fault;
+  if (!groups.skip_to("ENTITIES")) {
+    fault = "no line that begins with the word ENTITIES";
+  } else if (!skip_to_vertices(groups, closed)) {
+    fault = "no POLYLINE with VERTEX records behind the word ENTITIES";
+  } else {
+    vertices = read_vertices(groups, minimum_distance, kept);
+    fault = kept.x.size() < 2 ? too_few(vertices, minimum_distance) : "";
   }
   if (!groups.failure().empty()) {
     why = groups.failure();
     return stitch_line_unusable;
   }
-  if (!last) {
-    why = path.string() + ": no POLYLINE with VERTEX records behind the word ENTITIES";
-    return stitch_line_unusable;
-  }
-  if (kept.x.size() < 2) {
-    why = path.string() + ": a stitch line needs 2 vertices, 1 is left without those nearer than " +
-          platform::shortest(minimum_distance) + " to the one before them";
+  if (!fault.empty()) {
+    why = path.string() + ": " + fault;
     return stitch_line_unusable;
   }
   const vertex first{kept.x.front(), kept.y.front()};
-  if (closed && distance(*last, first) > minimum_distance) {
+  if (closed && distance(*vertices.last, first) > minimum_distance) {
     kept.x.push_back(first.x);
     kept.y.push_back(first.y);
   }

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 namespace velmorankite::platform {
 
@@ -21,6 +22,9 @@ class IoError : public std::runtime_error {
   std::filesystem::path path_;
   int error_number_;
 };
+
+// Control characters, which a terminal would obey, as "?": names and files may hold any.
+std::string printable(std::string_view text);
 
 // The error of a text file whose line `line` (from 1) is not what was expected there.
 IoError malformed_line(const std::filesystem::path& path, std::int64_t line,

@@ -138,16 +138,17 @@ TEST(StitchLine, takes_free_format_numbers_from_the_first_256_characters) {
 }
 
 TEST(StitchLine, without_two_vertices_is_unusable_and_says_why) {
+  const std::string no_word = ": no line that begins with the word ENTITIES";
   const std::string no_line = ": no POLYLINE with VERTEX records behind the word ENTITIES";
+  const std::string no_vertex = ": no VERTEX has its X in group 10 and its Y in group 20";
   const std::string one_left =
       ": a stitch line needs 2 vertices, 1 is left without those nearer than 1 to the one before "
       "them";
   const std::pair<std::string, std::string> examples[] = {
-      {"", no_line},
-      {"  0\nLWPOLYLINE\n 10\n1\n 20\n1\n", no_line},
+      {"", no_word},
       {"  2\nENTITIES\n  0\nLWPOLYLINE\n 10\n1\n 20\n1\n", no_line},
-      {head + "  0\nVERTEX\n", no_line},
-      {dxf({{3, 3}}, "70\n1\n"), one_left},
+      {head + "  0\nVERTEX\n", no_vertex},
+      {dxf({{3, 3}}, "70\n1\n"), ": a stitch line needs 2 vertices, 1 is there"},
       // Each lies 0.9 from the one before it, however far the chain runs.
       {dxf({{0, 0}, {0.9, 0}, {1.8, 0}, {2.7, 0}, {3.6, 0}}), one_left},
   };

@@ -324,7 +324,7 @@ TEST(MergeStops, at_a_line_that_cannot_be_stitched_are_silent_on_the_console) {
        [](MergeFolder& f) {
          f.draw_line({{0, 150}});
        },
-       both, "line.dxf: a stitch line needs 2 vertices, 1 is left"},
+       both, "line.dxf: a stitch line needs 2 vertices, 1 is there"},
       {"no overlap",
        [](MergeFolder& f) {
          write_grid(f / "two.grd", {5000.0, 5000.0, 10.0, 10.0, 41, 31}, plane);
