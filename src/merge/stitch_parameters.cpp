@@ -28,8 +28,8 @@ struct parameter_rule {
 // A list may leave a value out, which reads as no number.
 template <typename T>
 std::string told(T value) {
-  const bool none =
-      std::is_integral_v<T> ? value == std::numeric_limits<T>::min() : !(value == value);
+  const bool none = std::is_integral_v<T> ? value == std::numeric_limits<T>::min()
+                                          : std::isnan(static_cast<double>(value));
   return none ? "left out or no number" : shortest(value);
 }
 
