@@ -7,36 +7,12 @@
 #include <limits>
 #include <span>
 
-#include "grid/dummy.h"
-
 namespace velmorankite {
 
 class CellStatistics {
  public:
   // Sums run in double precision, cell after cell.
-  void add(std::span<const float> cells) noexcept {
-    const float infinity = std::numeric_limits<float>::infinity();
-    std::int32_t count = 0;
-    float lowest = infinity;
-    float highest = -infinity;
-    double sum = sum_;
-    double squares = squares_;
-    for (const float value : cells) {
-      const bool valid = is_valid(value);
-      const double counted = valid ? static_cast<double>(value) : 0.0;
-      count += valid ? 1 : 0;
-      lowest = std::min(lowest, valid ? value : infinity);
-      highest = std::max(highest, valid ? value : -infinity);
-      sum += counted;
-      squares += counted * counted;
-    }
-    valid_count_ += count;
-    dummy_count_ += std::ssize(cells) - count;
-    lowest_ = std::min(lowest_, lowest);
-    highest_ = std::max(highest_, highest);
-    sum_ = sum;
-    squares_ = squares;
-  }
+  void add(std::span<const float> cells) noexcept;
 
   [[nodiscard]] std::int64_t valid_count() const noexcept { return valid_count_; }
   [[nodiscard]] std::int64_t dummy_count() const noexcept { return dummy_count_; }
