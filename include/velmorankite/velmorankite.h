@@ -350,7 +350,7 @@ VELMORANKITE_API void GRDZTRANS(const int32_t* mode, float* value, const int32_t
 /* Describes a grid file.
  *   band_names  out: names of the bands, entries of band_name_length characters, for as many
  *               bands as the format names, at most VELMORANKITE_BAND_NAMES; the first entry is
- *               always written. NULL: not wanted.
+ *               always written. A name that is too long is cut. NULL: not wanted.
  *   status      0; -1 name too short, -1001 no such file, -1002 empty file, -1005 format not
  *               recognised, -1006 first bytes unreadable, -2001 header file missing, or that of
  *               the format's reader. */
@@ -508,7 +508,8 @@ VELMORANKITE_API void GRID_DETREND_OLD(const char* input, const char* output, fl
  * beside the output, `<stem>_trs.log`.
  *   GridInt, GridReal  of InGrid, from GRDRDH.
  *   ReUse        above 0: the padded grid and its spectrum are kept for later runs, under names
- *                that begin with ReUseBase, and those of earlier runs are used.
+ *                that begin with ReUseBase, and those of earlier runs are used; 0: files of these
+ *                names are deleted at the end; below 0: those of the run stay, and none is used.
  *   Filter       index, 100 to 212.
  *   PadWidth     the padded grid has 3 x PadWidth + 1 cells more on each side.
  *   FilterWidth  a convolution operator has 2 x FilterWidth - 1 points across.
@@ -577,7 +578,8 @@ VELMORANKITE_API void RDSTITCHDXF(const int32_t* mode, const char* path,
 /* Joins two standard grids along a line and writes the merged grid and `<stem>_mismatch.dat`, the
  * stem being that of `report_name`.
  *   correction_distance  above 0: the drifting part of the mismatch is removed too.
- *   adjusted_grid        0: grid 1 moves onto grid 2; 1: grid 2 onto grid 1.
+ *   adjusted_grid        0: grid 1 moves onto grid 2, without a correction only within the working
+ *                        window around the line; 1: grid 2 onto grid 1.
  *   blend_width, band_margin  map units.
  *   vertex_count, x, y   the line, grid 1 on its right; with room for one vertex more, which is
  *                        appended if the line closes on itself.
