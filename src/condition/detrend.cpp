@@ -30,17 +30,24 @@ void add_row(std::span<const float> cells, double y, double x_cell, plane_sums& 
   }
 }
 
+// In single precision, cell after cell; the sum stays in a register.
+void add_values(std::span<const float> cells, first_pass& pass) {
+  float sum = pass.sum;
+  std::int64_t count = 0;
+  for (const float z : cells) {
+    sum += is_valid(z) ? z : 0.0F;
+    count += is_valid(z) ? 1 : 0;
+  }
+  pass.sum = sum;
+  pass.valid_count += count;
+}
+
 first_pass read_samples(const detrend_input& input, fit_scope scope) {
   first_pass pass{{input.layout.x_count, input.layout.y_count}, {}};
   std::vector<float> cells(static_cast<std::size_t>(input.layout.x_count));
   for (std::int32_t row = 1; row <= input.layout.y_count; ++row) {
     read_row(input.file, input.layout, row, cells);
-    for (const float z : cells) {
-      if (is_valid(z)) {
-        pass.sum += z;
-        ++pass.valid_count;
-      }
-    }
+    add_values(cells, pass);
     if (scope == fit_scope::all_cells) {
       add_row(cells, input.y_of(row), input.x_cell, pass.all_cells);
     }

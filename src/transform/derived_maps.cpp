@@ -95,13 +95,4 @@ std::array<std::filesystem::path, 3> component_names(std::string_view OutGrid) {
   return {stem + "_Tx.grd", stem + "_Ty.grd", stem + "_Tz.grd"};
 }
 
-void copy_work_grid(const platform::BinaryFile& grid, const RowLayout& grid_layout,
-                    platform::BinaryFile& padded, const RowLayout& layout) {
-  std::vector<float> cells(static_cast<std::size_t>(layout.x_count));
-  for (std::int32_t row = 1; row <= layout.y_count; ++row) {
-    read_row(grid, grid_layout, row, cells);
-    write_row(padded, layout, row, cells);
-  }
-}
-
 }  // namespace velmorankite

@@ -39,8 +39,4 @@ void write_derived_map(derived_map map, const gradient_work_grids& work,
 // (up to the last "_WDtmp.", or else the last ".") and "_Tx.grd", "_Ty.grd", "_Tz.grd".
 [[nodiscard]] std::array<std::filesystem::path, 3> component_names(std::string_view OutGrid);
 
-// Writes the rows of one work grid over those of the padded grid. Throws IoError.
-void copy_work_grid(const platform::BinaryFile& grid, const RowLayout& grid_layout,
-                    platform::BinaryFile& padded, const RowLayout& layout);
-
 }  // namespace velmorankite

@@ -27,13 +27,17 @@ void place_row(const output_plan& plan, double y, std::span<const float> padded,
   }
 }
 
+// The range stays in registers.
 void widen(std::span<const float> cells, value_range& range) {
+  float smallest = range.smallest;
+  float largest = range.largest;
   for (const float value : cells) {
-    if (is_valid(value)) {
-      range.smallest = value < range.smallest ? value : range.smallest;
-      range.largest = value > range.largest ? value : range.largest;
-    }
+    const float low = is_valid(value) ? value : smallest;
+    const float high = is_valid(value) ? value : largest;
+    smallest = low < smallest ? low : smallest;
+    largest = high > largest ? high : largest;
   }
+  range = {smallest, largest};
 }
 
 }  // namespace

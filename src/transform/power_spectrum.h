@@ -22,12 +22,6 @@ struct PowerSpectrum {
   void clear() { *this = {}; }
 };
 
-// Whether and under which name a run writes its power spectrum.
-struct power_file {
-  bool on = false;
-  std::string_view stem;  // without the short name of the filter; may be blank
-};
-
 // stem + "_" + the short name + ".dat"; "power_fft.dat" with a blank stem.
 [[nodiscard]] std::filesystem::path power_file_name(std::string_view stem,
                                                     const filter_parameters& parameters);
