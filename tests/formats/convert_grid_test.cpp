@@ -45,6 +45,9 @@ class Conversion : public ::testing::Test {
     const grid_description made = testing::describe(output);
     const std::vector<float> cells = testing::read_grid(output);
     EXPECT_EQ(made.ints.storage_sense, -2);
+    const grid_reals& reals = grid.reals;
+    EXPECT_NEAR(reals.x_max, reals.x_min + (grid.ints.x_count - 1) * reals.x_cell, 1E-9);
+    EXPECT_NEAR(reals.y_max, reals.y_min + (grid.ints.y_count - 1) * reals.y_cell, 1E-9);
     ASSERT_EQ(std::ssize(cells), std::int64_t{grid.ints.out_x_count} * grid.ints.out_y_count);
     std::size_t i = 0;
     for (std::int32_t row = 1; row <= grid.ints.out_y_count; ++row) {
@@ -117,6 +120,7 @@ TEST_F(Conversion, reads_what_other_programs_wrote) {
     EXPECT_DOUBLE_EQ(grid.reals.y_min, -20.7);
     EXPECT_DOUBLE_EQ(grid.reals.y_max, 9.3);
     EXPECT_DOUBLE_EQ(grid.reals.y_cell, 5.0);
+    EXPECT_TRUE(texts.advice.empty());
   }
 }
 

@@ -283,34 +283,6 @@ TEST_F(NetcdfHeaders, coordinates_must_be_evenly_spaced) {
   EXPECT_EQ(describe(file), success);
 }
 
-TEST_F(NetcdfHeaders, describe_what_other_programs_write) {
-  struct example {
-    const char* name;
-    std::int32_t element_code, kind, sense;
-    double dummy_value;
-  };
-  const example examples[] = {
-      {"netcdf/field.nc", -4, 2, 1, standard_dummy},
-      {"netcdf/pixel.nc", -4, 2, 1, standard_dummy},
-      {"netcdf/byte.nc", -1, 1, 1, -128.0},
-      {"netcdf/short.nc", -2, 1, 1, -9999.0},
-      {"netcdf/int.nc", -4, 1, 1, -99999.0},
-      {"netcdf/double.nc", -8, 2, 1, standard_dummy},
-      {"netcdf/offsets64.nc", -4, 2, -2, standard_dummy},
-      {"netcdf/older.grd", -4, 2, -2, standard_dummy},
-      {"netcdf/older_pixel.grd", -4, 2, -2, standard_dummy},
-  };
-  for (const example& e : examples) {
-    SCOPED_TRACE(e.name);
-    ASSERT_EQ(GRDRDH(testing::test_data(e.name).string(), grid, texts), success);
-    EXPECT_EQ(grid.ints.element_code, e.element_code);
-    EXPECT_EQ(grid.ints.element_kind, e.kind);
-    EXPECT_EQ(grid.ints.storage_sense, e.sense);
-    EXPECT_EQ(grid.reals.dummy_value, e.dummy_value);
-    EXPECT_TRUE(texts.advice.empty());
-  }
-}
-
 TEST_F(NetcdfHeaders, files_that_are_no_grid_are_refused) {
   netcdf_file file = today_file();
   file.dimensions.emplace_back("time", 1);

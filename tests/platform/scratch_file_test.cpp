@@ -90,7 +90,14 @@ TEST(StagedFile, scratch_names_that_are_taken_are_never_overwritten) {
     std::snprintf(name, sizeof name, "~out.grd%04d.tmp", number);
     write_file(folder / name, "");
   }
-  EXPECT_THROW(StagedFile(folder / "out.grd"), IoError);
+  try {
+    const StagedFile staged(folder / "out.grd");
+    ADD_FAILURE();
+  } catch (const IoError& error) {
+    const std::string words = error.what();
+    EXPECT_NE(words.find("out.grd: no free scratch name: all of "), std::string::npos) << words;
+    EXPECT_TRUE(words.ends_with("~out.grd0256.tmp are taken")) << words;
+  }
 }
 
 TEST(ScratchFile, an_interrupted_process_leaves_none) {

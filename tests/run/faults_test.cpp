@@ -55,30 +55,6 @@ TEST(Faults, of_any_file_operation_leave_inputs_and_older_results_alone) {
   }
 }
 
-TEST(Faults, of_a_grid_that_is_not_what_its_header_says_are_named) {
-  struct example {
-    std::size_t offset;
-    std::int32_t value;
-    const char* error;
-  };
-  const example examples[] = {
-      {8, 0, "one.grd: counts of at least 1 expected, 0 columns and 31 rows found"},
-      {8, -41, "one.grd: counts of at least 1 expected, -41 columns and 31 rows found"},
-      {12, 0x7FFFFFFF,
-       "one.grd: the file ends too early: 41 columns by 2147483647 rows need 352187318620 bytes, "
-       "5596 are there"},
-      {8, 0x7FFFFFFF, "one.grd: rows below 2 GiB expected, 2147483647 columns found"},
-  };
-  for (const example& e : examples) {
-    MergeFolder folder;
-    put(folder / "one.grd", e.offset, e.value);
-    folder.write_definitions();
-    const auto before = folder.contents();
-    EXPECT_EQ(error_of(folder), e.error);
-    EXPECT_EQ(folder.contents(), before) << e.error;
-  }
-}
-
 TEST(Faults, of_truncated_files_are_named) {
   for (const char* name : {"one.grd", "two.grd"}) {
     for (const std::size_t size : {std::size_t{512}, std::size_t{5595}}) {
@@ -120,34 +96,6 @@ TEST(Faults, of_folders_that_cannot_hold_the_results_are_named) {
     EXPECT_EQ(error.find(name + "_mismatch.dat: cannot be written: "), 0U) << error;
     EXPECT_FALSE(std::filesystem::exists(folder / "merged.grd"));
   }
-}
-
-TEST(Faults, of_scratch_names_that_are_all_taken_are_named_and_overwrite_none) {
-  for (const std::string& result : std::vector<std::string>{"merged.grd", "merged_mismatch.dat"}) {
-    MergeFolder folder;
-    for (int number = 0; number < 257; ++number) {
-      char name[64];
-      std::snprintf(name, sizeof name, "~%s%04d.tmp", result.c_str(), number);
-      write_file(folder / name, "somebody's");
-    }
-    folder.write_definitions();
-    const auto before = folder.contents();
-    std::string expected = result;
-    expected.append(": no free scratch name: all of ~").append(result).append("0000.tmp to ~");
-    expected.append(result).append("0256.tmp are taken");
-    EXPECT_EQ(error_of(folder), expected);
-    auto after = folder.contents();
-    after.erase("merged_mismatch.dat");
-    EXPECT_EQ(after, before);
-  }
-}
-
-TEST(Faults, scratch_of_a_merge_that_died_does_not_stand_in_the_way) {
-  MergeFolder folder;
-  write_file(folder / "~merged.grd0000.tmp", "left over");
-  EXPECT_EQ(error_of(folder), "no error");
-  EXPECT_EQ(read_file(folder / "~merged.grd0000.tmp"), "left over");
-  EXPECT_EQ(read_file(folder / "merged.grd").size(), 512U + 41 * 31 * 4);
 }
 
 }  // namespace
