@@ -16,6 +16,7 @@ namespace {
 // Lines are worked on in batches of this many, side by side, so that one instruction serves
 // several of them and a column of a row-major array is read in whole cache lines.
 constexpr std::size_t lanes = 8;
+constexpr std::size_t rows_ahead = 12;  // that are fetched while a row is worked on
 
 // Blocks up to this many elements are finished while they lie in the innermost cache.
 constexpr std::size_t cached_block = 256;
@@ -155,9 +156,21 @@ std::vector<std::uint32_t> bit_reversal(std::size_t n) {
   return reversed;
 }
 
+// Rows of a large array lie in pages of their own, where no processor fetches ahead by itself.
+// The elements of a group may lie across two lines of the cache.
+inline void fetch_ahead([[maybe_unused]] const float* elements) {
+#if defined(__GNUC__)
+  __builtin_prefetch(elements);
+  __builtin_prefetch(elements + 2 * lanes - 1);
+#endif
+}
+
 VELMORANKITE_VECTOR_CLONES void gather_columns(const float* data, const Lines& lines,
                                                const std::uint32_t* reversed, Group* batch) {
   for (std::size_t k = 0; k < lines.length; ++k) {
+    if (k + rows_ahead < lines.length) {
+      fetch_ahead(data + std::size_t{2} * reversed[k + rows_ahead] * lines.stride);
+    }
     const float* const from = data + std::size_t{2} * reversed[k] * lines.stride;
     Group& to = batch[k];
     for (std::size_t lane = 0; lane < lanes; ++lane) {
