@@ -95,6 +95,9 @@ Status GRDRDH(std::string_view file_name, grid_description& grid, grid_texts& te
   }
   file.extension = extension_of(file.path);
   if (const Status status = recognise_format(file, grid); status.failed()) {
+    if (const std::string_view advice = advice_on_unknown(file); !advice.empty()) {
+      texts.advice.emplace_back(advice);
+    }
     return status;
   }
   const format_reader* const reader = find_reader(grid);

@@ -309,7 +309,35 @@ Status recognise_content(const grid_file& file, grid_description& grid) {
   return format_unknown;
 }
 
+// Files that users take for grids.
+struct stranger {
+  std::string_view magic;
+  std::string_view advice;
+};
+constexpr std::string_view tiff_advice =
+    "the file is a TIFF picture; \"gdal_translate -of GSBG\" makes a grid of it";
+constexpr stranger strangers[] = {
+    {{"\x89HDF", 4},
+     "the file is netCDF 4 (HDF5); \"nccopy -k classic\" makes a file of it that can be read"},
+    {{"II*\0", 4}, tiff_advice},
+    {{"MM\0*", 4}, tiff_advice},
+};
+
 }  // namespace
+
+std::string_view advice_on_unknown(const grid_file& file) {
+  std::array<std::byte, head_bytes> bytes{};
+  if (!read_head(file, bytes)) {
+    return {};
+  }
+  const file_head head{file, bytes};
+  for (const stranger& row : strangers) {
+    if (head.text().starts_with(row.magic)) {
+      return row.advice;
+    }
+  }
+  return {};
+}
 
 std::string_view own_name(std::string_view path) noexcept {
   const std::size_t last = path.find_last_of("/\\");

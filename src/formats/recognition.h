@@ -35,4 +35,8 @@ struct grid_file {
 // Status: success, format_unknown, first_bytes_unreadable.
 Status recognise_format(const grid_file& file, grid_description& grid);
 
+// What a file of an unknown format is, where its first bytes tell, and what helps: for the user.
+// Blank where they do not.
+[[nodiscard]] std::string_view advice_on_unknown(const grid_file& file);
+
 }  // namespace velmorankite

@@ -129,6 +129,12 @@ TEST_F(StandardGrid, names_and_files_that_are_no_grid_have_their_own_status) {
   EXPECT_EQ(status_of((folder / "short.grd").string()), first_bytes_unreadable);
   write_file(folder / "other.grd", std::string(600, '\xFF'));
   EXPECT_EQ(status_of((folder / "other.grd").string()), format_unknown);
+  write_file(folder / "four.nc", "\x89HDF\r\n" + std::string(600, ' '));
+  grid_description unknown;
+  grid_texts advised;
+  EXPECT_EQ(GRDRDH((folder / "four.nc").string(), unknown, advised), format_unknown);
+  ASSERT_EQ(advised.advice.size(), 1U);
+  EXPECT_NE(advised.advice[0].find("nccopy -k classic"), std::string::npos);
   EXPECT_EQ(status_of(path.string() + std::string(1, '\0') + "   "), success);
 }
 
