@@ -177,9 +177,7 @@ void MergedRows::make_window_part(std::int32_t row, std::span<float> out) {
   blended_cells_ += merge_inside(run(out, columns_.begin, columns_.end), filled, level_);
 }
 
-void write_grid(const stitch_parameters& parameters, MergedRows& rows) {
-  const Lattice& lattice = parameters.lattice;
-  platform::StagedFile output(parameters.output_path);
+void write_grid(const Lattice& lattice, MergedRows& rows, platform::StagedFile& output) {
   OUTPUT_GEOSOFT_HEADER(output.file(), float_grid_header(lattice));
   const auto width = static_cast<std::size_t>(lattice.x_count);
   const std::size_t rows_a_block = std::max(std::size_t{1}, block_bytes / (width * sizeof(float)));
@@ -206,12 +204,14 @@ Status GRIDSTITCH(const stitch_parameters& parameters, const input_grid& grid_1,
     why = fault->text;
     return stitch_impossible;
   }
+  // First of all, so that a place that cannot be written costs no work and leaves no report.
+  platform::StagedFile output(parameters.output_path);
   seam measured;
   if (GRDSTITCHW(parameters, grid_1, grid_2, line, measured, why).failed()) {
     return stitch_impossible;
   }
   MergedRows rows(parameters, grid_1, grid_2, measured);
-  write_grid(parameters, rows);
+  write_grid(parameters.lattice, rows, output);
   summary = {measured.mismatch, rows.blended_cells(), measured.correction.has_value()};
   return success;
 }
