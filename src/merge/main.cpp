@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "merge/driver.h"
+#include "platform/file_tests.h"
 #include "platform/io_error.h"
 #include "platform/process.h"
 #include "platform/scratch_file.h"
@@ -26,6 +27,11 @@ void remark(std::string_view words) {
   write_line(stderr, velmorankite::platform::printable(words));
 }
 
+// There are no options: whatever looks like one and is no file asks how the program is called.
+bool asks_for_help(std::string_view argument) {
+  return argument.starts_with('-') && !velmorankite::platform::file_exists(argument);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -33,11 +39,14 @@ int main(int argc, char** argv) {
     velmorankite::platform::remove_scratch_on_signals();
     velmorankite::platform::make_write_signals_errors();
     std::optional<std::string_view> definitions;
-    if (argc > 1) {
+    if (argc > 1 && !asks_for_help(argv[1])) {
       definitions = argv[1];
     }
     velmorankite::run_merge(definitions,
                             {[](std::string_view line) { write_line(stdout, line); }, remark});
+    if (!definitions) {
+      remark("mergedefs.trs stands for a text file of 13 lines, told in docs/definitions.md");
+    }
   } catch (const std::bad_alloc&) {
     remark("not enough memory");
     return exit_failed_file;

@@ -47,8 +47,11 @@ TEST_F(Program, writes_what_a_run_says_to_the_two_streams_and_ends_with_0) {
 }
 
 TEST_F(Program, ends_with_0_at_an_ordinary_stop) {
-  EXPECT_EQ(run(""), 0);
-  EXPECT_NE(console().find("Usage: Velmorankite mergedefs.trs\n"), std::string::npos);
+  for (const char* arguments : {"", "--help"}) {
+    EXPECT_EQ(run(arguments), 0);
+    EXPECT_NE(console().find("Usage: Velmorankite mergedefs.trs\n"), std::string::npos);
+    EXPECT_NE(errors().find("docs/definitions.md"), std::string::npos);
+  }
   folder.define(2, "none.grd");
   folder.write_definitions();
   EXPECT_EQ(run(), 0);
