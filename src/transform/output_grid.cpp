@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "transform/output_grid.h"
 
+#include <algorithm>
+#include <array>
 #include <vector>
 
 #include "condition/detrend.h"
@@ -27,17 +29,27 @@ void place_row(const output_plan& plan, double y, std::span<const float> padded,
   }
 }
 
-// The range stays in registers.
+// Several ranges side by side, so that no cell waits for the one before it.
 void widen(std::span<const float> cells, value_range& range) {
-  float smallest = range.smallest;
-  float largest = range.largest;
-  for (const float value : cells) {
-    const float low = is_valid(value) ? value : smallest;
-    const float high = is_valid(value) ? value : largest;
-    smallest = low < smallest ? low : smallest;
-    largest = high > largest ? high : largest;
+  constexpr std::size_t lanes = 8;
+  std::array<float, lanes> low;
+  std::array<float, lanes> high;
+  low.fill(range.smallest);
+  high.fill(range.largest);
+  const auto take = [&](std::size_t lane, float value) {
+    low[lane] = is_valid(value) && value < low[lane] ? value : low[lane];
+    high[lane] = is_valid(value) && value > high[lane] ? value : high[lane];
+  };
+  std::size_t first = 0;
+  for (; first + lanes <= cells.size(); first += lanes) {
+    for (std::size_t lane = 0; lane < lanes; ++lane) {
+      take(lane, cells[first + lane]);
+    }
   }
-  range = {smallest, largest};
+  for (; first < cells.size(); ++first) {
+    take(0, cells[first]);
+  }
+  range = {*std::ranges::min_element(low), *std::ranges::max_element(high)};
 }
 
 }  // namespace
