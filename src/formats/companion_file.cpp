@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "formats/companion_file.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <string>
 
 #include "formats/catalogue.h"
@@ -11,9 +13,10 @@
 namespace velmorankite {
 
 std::filesystem::path header_beside(const std::filesystem::path& cells) {
+  constexpr std::size_t ending = 4;
   std::string name = cells.string();
-  name.replace(name.size() - 4, 4, ".hdr");
-  return name;
+  name.resize(name.size() - std::min(name.size(), ending));
+  return name + ".hdr";
 }
 
 std::filesystem::path ermapper_cells(const std::filesystem::path& header) {

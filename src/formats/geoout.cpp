@@ -8,6 +8,7 @@
 #include <optional>
 #include <vector>
 
+#include "formats/cell_decoding.h"
 #include "grid/dummy.h"
 #include "grid/grid_rows.h"
 #include "platform/io_error.h"
@@ -69,14 +70,6 @@ void take_row(const float_source& source, const Lattice& lattice, std::int32_t r
   }
 }
 
-// From the size of `value` to the next float; from the largest float, which has none above it, to
-// the one below it.
-double spacing_at(float value) {
-  constexpr float largest = std::numeric_limits<float>::max();
-  const float size = std::min(std::abs(value), std::nextafter(largest, 0.0F));
-  return static_cast<double>(std::nextafter(size, largest)) - static_cast<double>(size);
-}
-
 bool source_suffices(const float_source& source, const Lattice& lattice) {
   return source.unit != nullptr || source.source == source_constant ||
          static_cast<std::int64_t>(source.array.size()) >= lattice.cell_count();
@@ -107,7 +100,7 @@ Status GEOOUT(std::string_view name, const float_source& source, const Lattice& 
   OUTPUT_GEOSOFT_HEADER(staged->file(), header);
   const RowLayout layout{sense == sense_bottom_up ? sense_bottom_up : sense_top_down,
                          lattice.x_count, lattice.y_count};
-  const double tolerance = 2.0 * spacing_at(input_dummy);
+  const double tolerance = dummy_tolerance(static_cast<double>(input_dummy));
   std::vector<float> cells(static_cast<std::size_t>(lattice.x_count));
   for (std::int32_t row = 1; row <= lattice.y_count; ++row) {
     take_row(source, lattice, row, z_min, cells);

@@ -360,6 +360,11 @@ TEST_F(Conversion, that_cannot_be_done_gives_its_status_and_no_output) {
   write_file(folder / "a.grd", whole);
   EXPECT_EQ(GRDRDG("a.grd", "./a.grd", grid, window), conversion_output_unopened);
   EXPECT_EQ(GRDRDG("a.grd", "none/out.grd", grid, window), conversion_output_unopened);
+  // A name too short for the ending of a header beside it, in a description of the caller's.
+  write_file(folder / "f", read_file("a.grd"));
+  grid.ints.format_code = format_float_cells;
+  EXPECT_EQ(GRDRDG("f", "f", grid, window), conversion_output_unopened);
+  EXPECT_EQ(GRDRDG("f", "out.grd", grid, window), success);
   EXPECT_EQ(GRDRDG(" ", "out.grd", grid, window), conversion_impossible);
   grid.ints.format_code = format_raster;
   EXPECT_EQ(GRDRDG("a.grd", "out.grd", grid, window), conversion_missing);
