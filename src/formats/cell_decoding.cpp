@@ -175,13 +175,13 @@ cell_decoder decoder_of(const grid_ints& ints) noexcept {
 }
 
 double dummy_tolerance(double dummy_value) noexcept {
+  // The largest float, which many programs mark no data with, has none above it: there, and for
+  // texts of it that lie a little beyond, the spacing is the one below it.
   constexpr float largest = std::numeric_limits<float>::max();
-  if (!(std::abs(dummy_value) < static_cast<double>(largest))) {
-    return 0.0;
-  }
-  const auto size = static_cast<float>(std::abs(dummy_value));
-  const double next = static_cast<double>(std::nextafter(size, largest));
-  return 2.0 * (next - static_cast<double>(size));
+  const float below = std::nextafter(largest, 0.0F);
+  const double size = std::abs(dummy_value);
+  const float at = size < static_cast<double>(below) ? static_cast<float>(size) : below;
+  return 2.0 * (static_cast<double>(std::nextafter(at, largest)) - static_cast<double>(at));
 }
 
 void settle_cells(const grid_description& grid, std::span<float> cells) {

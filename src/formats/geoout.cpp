@@ -105,7 +105,7 @@ Status GEOOUT(std::string_view name, const float_source& source, const Lattice& 
   for (std::int32_t row = 1; row <= lattice.y_count; ++row) {
     take_row(source, lattice, row, z_min, cells);
     for (float& cell : cells) {
-      if (cell == input_dummy ||
+      if (cell == input_dummy ||  // an infinity too
           std::abs(static_cast<double>(cell) - static_cast<double>(input_dummy)) < tolerance) {
         cell = dummy;
       } else if (!is_constant) {

@@ -181,6 +181,16 @@ std::string grid_text(int width, bool comment, const std::string& cells) {
          (width == 1 ? "      63.0\n" : "    4000.0\n") + cells + std::string(256, '0');
 }
 
+TEST_F(Conversion, knows_voids_of_the_largest_float_however_they_are_written) {
+  for (const char* mark : {"-3.40282346638529e+38", "-3.4028234663852886e38", "-3.4028235E+38"}) {
+    ASSERT_EQ(convert_bytes("a.asc", std::string("ncols 2\nnrows 1\ncellsize 1\nxllcorner 0\n"
+                                                 "yllcorner 0\nNODATA_value ") +
+                                         mark + "\n" + mark + " 7" + std::string(256, ' ')),
+              success);
+    expect_cells([](std::int32_t column, std::int32_t) { return column == 1 ? dummy : 7.0F; });
+  }
+}
+
 TEST_F(Conversion, of_coded_text_repeats_the_token_ahead) {
   const float none = dummy;
   struct example {
