@@ -16,7 +16,8 @@ namespace {
 // Lines are worked on in batches of this many, side by side, so that one instruction serves
 // several of them and a column of a row-major array is read in whole cache lines.
 constexpr std::size_t lanes = 8;
-constexpr std::size_t rows_ahead = 12;  // that are fetched while a row is worked on
+constexpr std::size_t batches_together = 4;  // of columns, as many as the second cache takes
+constexpr std::size_t rows_ahead = 12;       // that are fetched while a row is worked on
 
 // Blocks up to this many elements are finished while they lie in the innermost cache.
 constexpr std::size_t cached_block = 256;
@@ -156,38 +157,47 @@ std::vector<std::uint32_t> bit_reversal(std::size_t n) {
   return reversed;
 }
 
-// Rows of a large array lie in pages of their own, where no processor fetches ahead by itself.
-// The elements of a group may lie across two lines of the cache.
-inline void fetch_ahead([[maybe_unused]] const float* elements) {
+// Fetches a row of neighbouring batches, which may begin within a line of the cache. Rows of a
+// large array lie in pages of their own, where no processor fetches ahead by itself.
+inline void fetch_ahead([[maybe_unused]] const float* row, [[maybe_unused]] std::size_t batches) {
 #if defined(__GNUC__)
-  __builtin_prefetch(elements);
-  __builtin_prefetch(elements + 2 * lanes - 1);
+  for (std::size_t b = 0; b < batches; ++b) {
+    __builtin_prefetch(row + 2 * lanes * b);
+  }
+  __builtin_prefetch(row + 2 * lanes * batches - 1);
 #endif
 }
 
+// Neighbouring batches of columns are copied together: the page of a row is then looked up once for
+// all of them.
 VELMORANKITE_VECTOR_CLONES void gather_columns(const float* data, const Lines& lines,
-                                               const std::uint32_t* reversed, Group* batch) {
+                                               const std::uint32_t* reversed, std::size_t batches,
+                                               Group* batch) {
   for (std::size_t k = 0; k < lines.length; ++k) {
     if (k + rows_ahead < lines.length) {
-      fetch_ahead(data + std::size_t{2} * reversed[k + rows_ahead] * lines.stride);
+      fetch_ahead(data + std::size_t{2} * reversed[k + rows_ahead] * lines.stride, batches);
     }
-    const float* const from = data + std::size_t{2} * reversed[k] * lines.stride;
-    Group& to = batch[k];
-    for (std::size_t lane = 0; lane < lanes; ++lane) {
-      to.re[lane] = from[2 * lane];
-      to.im[lane] = from[2 * lane + 1];
+    const float* from = data + std::size_t{2} * reversed[k] * lines.stride;
+    for (std::size_t b = 0; b < batches; ++b, from += 2 * lanes) {
+      Group& to = batch[b * lines.length + k];
+      for (std::size_t lane = 0; lane < lanes; ++lane) {
+        to.re[lane] = from[2 * lane];
+        to.im[lane] = from[2 * lane + 1];
+      }
     }
   }
 }
 
-VELMORANKITE_VECTOR_CLONES void scatter_columns(const Group* batch, const Lines& lines,
-                                                float* data) {
+VELMORANKITE_VECTOR_CLONES void scatter_columns(const Group* batch, std::size_t batches,
+                                                const Lines& lines, float* data) {
   for (std::size_t k = 0; k < lines.length; ++k) {
-    float* const to = data + 2 * k * lines.stride;
-    const Group& from = batch[k];
-    for (std::size_t lane = 0; lane < lanes; ++lane) {
-      to[2 * lane] = from.re[lane];
-      to[2 * lane + 1] = from.im[lane];
+    float* to = data + 2 * k * lines.stride;
+    for (std::size_t b = 0; b < batches; ++b, to += 2 * lanes) {
+      const Group& from = batch[b * lines.length + k];
+      for (std::size_t lane = 0; lane < lanes; ++lane) {
+        to[2 * lane] = from.re[lane];
+        to[2 * lane + 1] = from.im[lane];
+      }
     }
   }
 }
@@ -217,28 +227,49 @@ VELMORANKITE_VECTOR_CLONES void scatter_lines(const Group* batch, const Lines& l
   }
 }
 
-void transform_dimension(float* data, std::size_t total, const Lines& lines, std::int32_t sign) {
-  const Twiddles twiddles(lines.length, sign);
-  const std::vector<std::uint32_t> reversed = bit_reversal(lines.length);
-  std::vector<Group> batch(lines.length);
-  const std::size_t line_count = total / lines.length;
-  for (std::size_t first = 0; first < line_count; first += lanes) {
-    if (lines.stride % lanes == 0) {
-      float* const corner = data + 2 * lines.start(first);
-      gather_columns(corner, lines, reversed.data(), batch.data());
-      all_stages(batch.data(), lines.length, twiddles);
-      scatter_columns(batch.data(), lines, corner);
-    } else {
-      const std::size_t count = std::min(lanes, line_count - first);
-      std::array<float*, lanes> line{};
-      for (std::size_t lane = 0; lane < count; ++lane) {
-        line[lane] = data + 2 * lines.start(first + lane);
-      }
-      gather_lines(line.data(), count, lines, reversed.data(), batch.data());
-      all_stages(batch.data(), lines.length, twiddles);
-      scatter_lines(batch.data(), lines, count, line.data());
+// The factors and the order of the elements of a dimension.
+struct Plan {
+  Plan(const Lines& of, std::int32_t sign)
+      : lines(of), twiddles(of.length, sign), reversed(bit_reversal(of.length)) {}
+  Lines lines;
+  Twiddles twiddles;
+  std::vector<std::uint32_t> reversed;
+};
+
+// Lines that lie side by side, at least a batch of them.
+void transform_columns(float* data, std::size_t line_count, const Plan& plan) {
+  const std::size_t length = plan.lines.length;
+  const std::size_t batches = std::min(plan.lines.stride / lanes, batches_together);
+  std::vector<Group> batch(batches * length);
+  for (std::size_t first = 0; first < line_count; first += batches * lanes) {
+    float* const corner = data + 2 * plan.lines.start(first);
+    gather_columns(corner, plan.lines, plan.reversed.data(), batches, batch.data());
+    for (std::size_t b = 0; b < batches; ++b) {
+      all_stages(batch.data() + b * length, length, plan.twiddles);
     }
+    scatter_columns(batch.data(), batches, plan.lines, corner);
   }
+}
+
+// Lines that lie anywhere.
+void transform_lines(float* data, std::size_t line_count, const Plan& plan) {
+  std::vector<Group> batch(plan.lines.length);
+  for (std::size_t first = 0; first < line_count; first += lanes) {
+    const std::size_t count = std::min(lanes, line_count - first);
+    std::array<float*, lanes> line{};
+    for (std::size_t lane = 0; lane < count; ++lane) {
+      line[lane] = data + 2 * plan.lines.start(first + lane);
+    }
+    gather_lines(line.data(), count, plan.lines, plan.reversed.data(), batch.data());
+    all_stages(batch.data(), plan.lines.length, plan.twiddles);
+    scatter_lines(batch.data(), plan.lines, count, line.data());
+  }
+}
+
+void transform_dimension(float* data, std::size_t total, const Lines& lines, std::int32_t sign) {
+  const Plan plan(lines, sign);
+  const bool side_by_side = lines.stride % lanes == 0;
+  (side_by_side ? transform_columns : transform_lines)(data, total / lines.length, plan);
 }
 
 }  // namespace
