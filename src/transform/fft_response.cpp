@@ -2,6 +2,7 @@
 #include "transform/fft_response.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <vector>
 
@@ -27,48 +28,81 @@ std::vector<double> frequencies(std::int32_t length, std::int32_t divisor) {
   return axis;
 }
 
-// What the elements of a row share with those of its mirror row, and the left half of a row with
-// the right: the bin of the power spectrum and the ramp of HiCut.
-struct HalfRow {
-  explicit HalfRow(std::size_t columns) : bin(columns / 2 + 1), ramp(columns / 2 + 1) {}
+// Elements of the left half of a row, zero and Nyquist frequency included. Those behind it lie at
+// the same distances from zero, the other way round: element n - i belongs to element i.
+std::size_t half_of(std::size_t n) {
+  return n / 2 + 1;
+}
 
-  void fill(std::span<const double> u, double v, const HighCut& high_cut) {
-    binned = 0;
-    for (std::size_t i = 0; i < std::min(bin.size(), u.size()); ++i) {
-      const auto f = static_cast<float>(radius(u[i], v));
-      if (f < 0.5F) {
-        bin[i] = static_cast<std::uint8_t>(f * 512.0F);
-        binned = i + 1;
+// Bins of the power spectrum along the left half of a row: runs of elements, since the distance
+// from zero grows along it. It grows from row to row as well, so that their ends only move back.
+class BinEnds {
+ public:
+  explicit BinEnds(std::span<const double> u) : u_(u) { ends_.fill(half_of(u.size())); }
+
+  // Rows are to be taken in the order of their distance from zero.
+  void move_to(double v) {
+    for (std::size_t bin = 0; bin < ends_.size(); ++bin) {
+      while (ends_[bin] > 0 && bin_of(ends_[bin] - 1, v) > bin) {
+        --ends_[bin];
       }
-      ramp[i] = static_cast<double>(high_cut(f));
     }
   }
 
-  std::vector<std::uint8_t> bin;
-  std::size_t binned = 0;  // elements ahead of the first that lies in no bin
-  std::vector<double> ramp;
+  // One behind the last element of a bin, as those of the bins before it.
+  [[nodiscard]] std::size_t operator[](std::size_t bin) const { return ends_[bin]; }
+
+ private:
+  // From 0.5 cycles per cell on beyond the last.
+  [[nodiscard]] std::size_t bin_of(std::size_t i, double v) const {
+    return static_cast<std::size_t>(static_cast<float>(radius(u_[i], v)) * (2.0F * power_bins));
+  }
+
+  std::span<const double> u_;
+  std::array<std::size_t, power_bins> ends_{};
 };
 
-// Element of the left half of a row of n elements that lies at the same distance from zero.
-std::size_t mirrored(std::size_t i, std::size_t n) {
-  return std::min(i, n - i);
+// Powers of the elements of a pair of rows, summed up for the elements of the left half.
+struct HalfPowers {
+  explicit HalfPowers(std::size_t columns) : input(half_of(columns)), output(half_of(columns)) {}
+
+  void clear() {
+    std::ranges::fill(input, 0.0);
+    std::ranges::fill(output, 0.0);
+  }
+
+  std::vector<double> input;  // ahead of the response
+  std::vector<double> output;
+};
+
+// Calls work(i, k) for the elements i of a row, k being the element of the left half to which it
+// belongs; two plain loops.
+template <typename Work>
+[[gnu::always_inline]] inline void for_folded(std::size_t n, Work work) {
+  const std::size_t half = half_of(n);
+  for (std::size_t i = 0; i < half; ++i) {
+    work(i, i);
+  }
+  for (std::size_t i = half; i < n; ++i) {
+    work(i, n - i);
+  }
 }
 
 // Takes a share of a row, multiplies it by a real response and adds the powers of its elements,
 // ahead of the response and behind it.
 VELMORANKITE_VECTOR_CLONES void apply_real(float* row, std::size_t n, float share,
                                            const double* response, double* input, double* output) {
-  for (std::size_t i = 0; i < n; ++i) {
+  for_folded(n, [=](std::size_t i, std::size_t k) {
     const auto re = static_cast<double>(row[2 * i] * share);
     const auto im = static_cast<double>(row[2 * i + 1] * share);
     const auto new_re = static_cast<float>(re * response[i]);
     const auto new_im = static_cast<float>(im * response[i]);
     row[2 * i] = new_re;
     row[2 * i + 1] = new_im;
-    input[i] += re * re + im * im;
-    output[i] += static_cast<double>(new_re) * static_cast<double>(new_re) +
+    input[k] += re * re + im * im;
+    output[k] += static_cast<double>(new_re) * static_cast<double>(new_re) +
                  static_cast<double>(new_im) * static_cast<double>(new_im);
-  }
+  });
 }
 
 // The same with a complex response; gives the sum of the elements too.
@@ -76,7 +110,7 @@ VELMORANKITE_VECTOR_CLONES complex_response apply_complex(float* row, std::size_
                                                           const complex_response* response,
                                                           double* input, double* output) {
   complex_response sum;
-  for (std::size_t i = 0; i < n; ++i) {
+  for_folded(n, [=, &sum](std::size_t i, std::size_t k) {
     const auto re = static_cast<double>(row[2 * i] * share);
     const auto im = static_cast<double>(row[2 * i + 1] * share);
     const auto new_re = static_cast<float>(re * response[i].re - im * response[i].im);
@@ -87,9 +121,9 @@ VELMORANKITE_VECTOR_CLONES complex_response apply_complex(float* row, std::size_
     const auto wide_im = static_cast<double>(new_im);
     sum.re += wide_re;
     sum.im += wide_im;
-    input[i] += re * re + im * im;
-    output[i] += wide_re * wide_re + wide_im * wide_im;
-  }
+    input[k] += re * re + im * im;
+    output[k] += wide_re * wide_re + wide_im * wide_im;
+  });
   return sum;
 }
 
@@ -105,47 +139,41 @@ class SpectrumFilter {
         u_(frequencies(size.fftnx, -size.fftnx)),
         v_(frequencies(size.fftny, size.fftny)),
         high_cut_(parameters.HiCut),
-        half_(u_.size()),
-        half_response_(half_.ramp.size()),
         real_(u_.size(), 1.0),
         complex_(chosen.kind == response_kind::complex ? u_.size() : 0),
-        input_(u_.size()),
-        output_(u_.size()) {}
+        bin_ends_(u_),
+        powers_(u_.size()) {}
 
   // Gives the sum of all elements behind a complex response.
   complex_response work(std::span<float> array) {
     const std::size_t rows = v_.size();
-    for (std::size_t j = 0; j <= rows / 2 && j < rows; ++j) {
-      begin_pair(v_[j]);
+    for (std::size_t j = 0; j < half_of(rows); ++j) {
+      powers_.clear();
+      if (chosen_.kind == response_kind::real && chosen_.symmetry == response_symmetry::axes) {
+        make_symmetric_row(v_[j]);
+      }
       work_row(array, j);
       const std::size_t opposite = (rows - j) % rows;
       const bool paired = opposite > j;
       if (paired) work_row(array, opposite);
+      bin_ends_.move_to(v_[j]);
       add_powers(paired ? 2 : 1);
     }
     return sum_;
   }
 
  private:
-  void begin_pair(double v) {
-    half_.fill(u_, v, high_cut_);
-    std::fill(input_.begin(), input_.end(), 0.0);
-    std::fill(output_.begin(), output_.end(), 0.0);
-    if (chosen_.kind == response_kind::real && chosen_.symmetry == response_symmetry::axes) {
-      const std::size_t half = std::min(half_response_.size(), u_.size());
-      chosen_.real_row(parameters_, std::span(u_).first(half), v, std::span(half_response_));
-      for (std::size_t i = 0; i < u_.size(); ++i) {
-        real_[i] = half_response_[mirrored(i, u_.size())];
-      }
-      apply_ramp();
-    }
-  }
-
-  void apply_ramp() {
+  // A row of the response and of its opposite row, from the left half.
+  void make_symmetric_row(double v) {
+    const std::size_t half = half_of(u_.size());
+    chosen_.real_row(parameters_, std::span(u_).first(half), v, std::span(real_).first(half));
     if (chosen_.times_high_cut && high_cut_.active()) {
-      for (std::size_t i = 0; i < u_.size(); ++i) {
-        real_[i] *= half_.ramp[mirrored(i, u_.size())];
+      for (std::size_t i = 0; i < half; ++i) {
+        real_[i] *= static_cast<double>(high_cut_(static_cast<float>(radius(u_[i], v))));
       }
+    }
+    for (std::size_t i = half; i < real_.size(); ++i) {
+      real_[i] = real_[real_.size() - i];
     }
   }
 
@@ -153,8 +181,8 @@ class SpectrumFilter {
     float* const row = array.data() + 2 * u_.size() * j;
     if (chosen_.kind == response_kind::complex) {
       chosen_.complex_row(parameters_, u_, v_[j], complex_);
-      const complex_response sum =
-          apply_complex(row, u_.size(), share_, complex_.data(), input_.data(), output_.data());
+      const complex_response sum = apply_complex(row, u_.size(), share_, complex_.data(),
+                                                 powers_.input.data(), powers_.output.data());
       sum_ = sum_ + sum;
       return;
     }
@@ -165,7 +193,7 @@ class SpectrumFilter {
         chosen_.real_row(parameters_, u_, v_[j], real_);
       }
     }
-    apply_real(row, u_.size(), share_, real_.data(), input_.data(), output_.data());
+    apply_real(row, u_.size(), share_, real_.data(), powers_.input.data(), powers_.output.data());
   }
 
   // Makes the response of the opposite row from that of a row: the elements in turned order, but
@@ -181,13 +209,14 @@ class SpectrumFilter {
 
   void add_powers(std::int64_t rows) {
     const std::size_t n = u_.size();
-    for (std::size_t i = 0; i < half_.binned; ++i) {
-      const bool twice = i != 0 && i != n - i;
-      const std::size_t bin = half_.bin[i];
-      power_.input[bin] += twice ? input_[i] + input_[n - i] : input_[i];
-      power_.output[bin] += twice ? output_[i] + output_[n - i] : output_[i];
-      // An element counts once ahead of the response and once behind it.
-      power_.count[bin] += 2 * rows * (twice ? 2 : 1);
+    std::size_t i = 0;
+    for (std::size_t bin = 0; bin < power_bins; ++bin) {
+      for (; i < bin_ends_[bin]; ++i) {
+        power_.input[bin] += powers_.input[i];
+        power_.output[bin] += powers_.output[i];
+        // An element counts once ahead of the response and once behind it.
+        power_.count[bin] += 2 * rows * (i == 0 || i == n - i ? 1 : 2);
+      }
     }
   }
 
@@ -198,12 +227,10 @@ class SpectrumFilter {
   std::vector<double> u_;
   std::vector<double> v_;
   HighCut high_cut_;
-  HalfRow half_;
-  std::vector<double> half_response_;
   std::vector<double> real_;               // response of a row, 1 where there is none
   std::vector<complex_response> complex_;  // response of a row
-  std::vector<double> input_;              // powers of a pair of rows
-  std::vector<double> output_;
+  BinEnds bin_ends_;
+  HalfPowers powers_;
   complex_response sum_;
 };
 
