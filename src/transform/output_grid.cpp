@@ -8,6 +8,7 @@
 #include "condition/detrend.h"
 #include "grid/dummy.h"
 #include "grid/grid_rows.h"
+#include "grid/row_blocks.h"
 #include "platform/scratch_file.h"
 
 namespace velmorankite {
@@ -64,10 +65,11 @@ value_range GRDOUT(const output_plan& plan, std::int32_t padded_columns,
   platform::StagedFile staged(plan.out_grid);
   standard_header header = float_grid_header(lattice_of(plan.input_grid), to.storage_sense);
   OUTPUT_GEOSOFT_HEADER(staged.file(), header);
-  std::vector<float> cells(static_cast<std::size_t>(from.x_count));
+  RowBlockWriter output(staged.file(), to);
   std::vector<float> padded(static_cast<std::size_t>(padded_columns));
   value_range range;
   for (std::int32_t row = 1; row <= from.y_count; ++row) {
+    const std::span<float> cells = output.next_row();
     read_row(*plan.input, from, row, cells);
     padded_row(row + plan.pad, padded);
     const double y =
@@ -75,8 +77,8 @@ value_range GRDOUT(const output_plan& plan, std::int32_t padded_columns,
     place_row(plan, y, std::span<const float>(padded).subspan(static_cast<std::size_t>(plan.pad)),
               cells);
     widen(cells, range);
-    write_row(staged.file(), to, row, cells);
   }
+  output.finish();
   header.stat_min = range.smallest;
   header.stat_max = range.largest;
   OUTPUT_GEOSOFT_HEADER(staged.file(), header);
