@@ -16,6 +16,7 @@
 #include "formats/describe_grid.h"
 #include "grid/dummy.h"
 #include "grid/grid_rows.h"
+#include "grid/row_blocks.h"
 #include "platform/large_array.h"
 #include "platform/scratch_file.h"
 
@@ -127,21 +128,24 @@ void write_padded_header(const pad_job& job, platform::BinaryFile& padded) {
   OUTPUT_GEOSOFT_HEADER(padded, header_of(job));
 }
 
-Status pad_whole(const pad_job& job, platform::LargeArray<float> cells,
-                 platform::BinaryFile& padded, pad_range& range) {
+Status pad_whole(const pad_job& job, std::span<float> cells, platform::BinaryFile& padded,
+                 pad_range& range) {
   for (std::int32_t row = 1; row <= job.padded.y_count; ++row) {
-    place_row(job, row, row_of(cells.span(), job, row));
+    place_row(job, row, row_of(cells, job, row));
   }
   std::int64_t filled_count = 0;
-  if (const Status status = fill_levels(cells.span(), job.padded, filled_count); status.failed()) {
+  if (const Status status = fill_levels(cells, job.padded, filled_count); status.failed()) {
     return status;
   }
   write_padded_header(job, padded);
   const RowFinisher finisher(job);
+  RowBlockWriter output(padded, job.to);
   for (std::int32_t row = 1; row <= job.padded.y_count; ++row) {
-    finisher.finish(row, row_of(cells.span(), job, row), range);
-    write_row(padded, job.to, row, row_of(cells.span(), job, row));
+    const std::span<float> finished = row_of(cells, job, row);
+    finisher.finish(row, finished, range);
+    std::ranges::copy(finished, output.next_row().begin());
   }
+  output.finish();
   return success;
 }
 
@@ -182,12 +186,38 @@ Status pad_by_rows(const pad_job& job, platform::BinaryFile& padded, pad_range& 
   return success;
 }
 
-std::optional<platform::LargeArray<float>> whole_grid(const Lattice& lattice) {
-  try {
-    return platform::LargeArray<float>(static_cast<std::size_t>(lattice.cell_count()));
-  } catch (const std::bad_alloc&) {
-    return std::nullopt;
+// The whole padded grid in memory, lent or taken; empty where there is no room for it.
+class WholeGrid {
+ public:
+  WholeGrid(std::span<float> lent, const Lattice& lattice) {
+    const auto count = static_cast<std::size_t>(lattice.cell_count());
+    if (lent.size() >= count) {
+      cells_ = lent.first(count);
+      return;
+    }
+    try {
+      taken_ = platform::LargeArray<float>(count);
+      cells_ = taken_.span();
+    } catch (const std::bad_alloc&) {
+      // The grid is then made by rows.
+    }
   }
+
+  [[nodiscard]] std::span<float> cells() const { return cells_; }
+
+ private:
+  platform::LargeArray<float> taken_;
+  std::span<float> cells_;
+};
+
+Status make_padded(const pad_job& job, pad_storage storage, platform::BinaryFile& padded,
+                   pad_range& range) {
+  if (storage == pad_storage::whole) {
+    if (const WholeGrid grid(job.request.lent, job.padded); !grid.cells().empty()) {
+      return pad_whole(job, grid.cells(), padded, range);
+    }
+  }
+  return pad_by_rows(job, padded, range);
 }
 
 }  // namespace
@@ -208,9 +238,7 @@ Status GRDPAD(std::string_view input, const std::filesystem::path& padded,
 
   platform::ScratchFile guard(padded);
   platform::BinaryFile file(padded, platform::open_mode::create);
-  auto cells = storage == pad_storage::whole ? whole_grid(job.padded) : std::nullopt;
-  const Status status =
-      cells ? pad_whole(job, std::move(*cells), file, range) : pad_by_rows(job, file, range);
+  const Status status = make_padded(job, storage, file, range);
   file.close();
   if (!status.failed()) {
     guard.keep();

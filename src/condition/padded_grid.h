@@ -4,6 +4,7 @@
 #pragma once
 #include <cstdint>
 #include <filesystem>
+#include <span>
 #include <string_view>
 
 #include "condition/plane_fit.h"
@@ -28,6 +29,8 @@ struct pad_request {
   float average = 0.0F;           // of the input's valid cells
   std::int32_t detrend_mode = 0;  // see above
   plane trend;                    // of the input
+  // Memory that nobody uses during the call: the grid is made in it where it is large enough.
+  std::span<float> lent{};
 };
 
 // What a padded grid was found to hold.

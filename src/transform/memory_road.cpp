@@ -15,6 +15,10 @@ namespace {
 constexpr std::int32_t vertical_integral = 111;
 constexpr std::int32_t total_gradient = 106;
 
+bool is_single_response(const memory_run& run) {
+  return gradient_passes_of(run.parameters) == gradient_passes::none;
+}
+
 void compute_spectrum(memory_run& run) {
   const fft_geometry& geometry = run.geometry;
   run.log.line(
@@ -22,6 +26,10 @@ void compute_spectrum(memory_run& run) {
   run.log.line("Copy input grid data into FFT arrays");
   fill_fft_array(run.padded, run.padded_layout, geometry,
                  run.request.keeps_plane() ? run.facts.average : 0.0F, run.array.span());
+  if (is_single_response(run)) {
+    run.padded.close();
+    run.padded_scratch.remove();  // what the system held of it is at hand for the spectrum
+  }
   run.log.line("Calculate forward FFT");
   run.log.pause();
   transform_array(run.array.span(), geometry, 1);
@@ -52,6 +60,7 @@ padded_row_source single_response(memory_run& run) {
   run.log.line("call fftrsp");
   fftrsp(true, run.geometry.size(), run.parameters.FilterNo, run.parameters, run.array.span(),
          run.power);
+  run.spectrum_scratch.remove();
   run.log.line("compute inverse fft");
   run.log.pause();
   transform_array(run.array.span(), run.geometry, -1);
@@ -97,8 +106,7 @@ padded_row_source run_memory_road(memory_run& run) {
   run.log.line(
       log_line("Perform FFT : ", run.request.fft_mode, run.geometry.fftnx, run.geometry.fftny));
   provide_spectrum(run);
-  return gradient_passes_of(run.parameters) == gradient_passes::none ? single_response(run)
-                                                                     : gradient_map(run);
+  return is_single_response(run) ? single_response(run) : gradient_map(run);
 }
 
 }  // namespace velmorankite

@@ -23,6 +23,7 @@ struct memory_run {
   const transform_request& request;
   const transform_input& input;
   const platform::BinaryFile& input_file;
+  platform::ScratchFile& padded_scratch;
   platform::BinaryFile& padded;  // the padded grid; some filters write their result over it
   const RowLayout& padded_layout;
   const padded_grid_facts& facts;
@@ -38,7 +39,8 @@ struct memory_run {
 
 // Brings the spectrum into the array, applies the filter, and transforms back.
 // Gives the rows of the result, of the width of the padded grid; they are taken from the array or
-// from the padded file, so that `run` must outlive them. Throws IoError, std::bad_alloc.
+// from the padded file, so that `run` must outlive them. Scratch files that the rest of the run
+// does not read are gone afterwards. Throws IoError, std::bad_alloc.
 padded_row_source run_memory_road(memory_run& run);
 
 }  // namespace velmorankite

@@ -110,7 +110,7 @@ pad_request pad_request_of(const transform_request& request, const fft_geometry&
 Status provide_padded_grid(const transform_request& request, const transform_input& input,
                            const fft_geometry& geometry, const std::string& saved,
                            const std::filesystem::path& scratch, TransformLog& log,
-                           padded_grid_facts& facts) {
+                           std::span<float> lent, padded_grid_facts& facts) {
   if (request.reuse > 0 && reuse_saved(request, input, geometry, saved, scratch, log, facts)) {
     return success;
   }
@@ -122,8 +122,9 @@ Status provide_padded_grid(const transform_request& request, const transform_inp
   pad_range range;
   // A grid without a valid cell has no plane, and the padding fails on it too.
   const Status fitted = GRID_DETREND_PLANE(scope, input.path, "", facts.average, facts.trend);
-  if (fitted.failed() ||
-      GRDPAD(input.path, scratch, pad_request_of(request, geometry, facts), range).failed()) {
+  pad_request pad = pad_request_of(request, geometry, facts);
+  pad.lent = lent;
+  if (fitted.failed() || GRDPAD(input.path, scratch, pad, range).failed()) {
     log.line("Generation of the padded grid file failed");
     return transform_padding_failed;
   }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 #include <filesystem>
+#include <span>
 #include <string>
 
 #include "condition/plane_fit.h"
@@ -28,11 +29,12 @@ struct padded_grid_facts {
 
 // Puts the padded grid under `scratch`: with `reuse` above 0 a copy of the saved grid `saved`, if
 // that was made of this input in this way, else a new one, which is then saved under that name.
-// A saved grid that does not fit, or cannot be copied, is deleted. Logs what it does.
+// A saved grid that does not fit, or cannot be copied, is deleted. Logs what it does. `lent` is
+// memory that the call may write over.
 // Status: success or transform_padding_failed. Throws IoError.
 Status provide_padded_grid(const transform_request& request, const transform_input& input,
                            const fft_geometry& geometry, const std::string& saved,
                            const std::filesystem::path& scratch, TransformLog& log,
-                           padded_grid_facts& facts);
+                           std::span<float> lent, padded_grid_facts& facts);
 
 }  // namespace velmorankite

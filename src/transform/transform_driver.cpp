@@ -139,10 +139,11 @@ void put_out_components(transform_run& run, memory_run& road, output_plan plan) 
 }
 
 Status filter_in_memory(transform_run& run, const platform::BinaryFile& input,
-                        platform::BinaryFile& padded, const RowLayout& padded_layout) {
-  memory_run road{run.request,    run.input, input,        padded,
-                  padded_layout,  run.facts, run.geometry, run.saved.spectrum,
-                  run.parameters, run.log,   run.array};
+                        platform::ScratchFile& scratch, platform::BinaryFile& padded,
+                        const RowLayout& padded_layout) {
+  memory_run road{
+      run.request,  run.input,          input,          scratch, padded,   padded_layout, run.facts,
+      run.geometry, run.saved.spectrum, run.parameters, run.log, run.array};
   const padded_row_source rows = run_memory_road(road);
   const output_plan plan = plan_output(run, input);
   put_out(run, plan, rows);
@@ -179,9 +180,9 @@ void remove_saved(const transform_run& run) {
 }
 
 Status filter_padded(transform_run& run) {
-  const platform::ScratchFile scratch = new_scratch("~grdext");
+  platform::ScratchFile scratch = new_scratch("~grdext");
   const Status padding = provide_padded_grid(run.request, run.input, run.geometry, run.saved.padded,
-                                             scratch.path(), run.log, run.facts);
+                                             scratch.path(), run.log, run.array.span(), run.facts);
   if (padding.failed()) {
     return padding;
   }
@@ -197,7 +198,7 @@ Status filter_padded(transform_run& run) {
   const RowLayout layout{run.input.grid.ints.storage_sense, run.geometry.nxp, run.geometry.nyp};
   return run.request.fft_mode == fft_mode_convolution
              ? filter_by_convolution(run, input, padded, layout)
-             : filter_in_memory(run, input, padded, layout);
+             : filter_in_memory(run, input, scratch, padded, layout);
 }
 
 Status filter_grid(transform_run& run) {
