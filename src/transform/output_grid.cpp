@@ -10,22 +10,27 @@
 #include "grid/grid_rows.h"
 #include "grid/row_blocks.h"
 #include "platform/scratch_file.h"
+#include "platform/vector_clones.h"
 
 namespace velmorankite {
 namespace {
 
-// `padded` begins at the cell of the first input column.
-void place_row(const output_plan& plan, double y, std::span<const float> padded,
-               std::span<float> cells) {
-  const double x_cell = plan.input_grid.reals.x_cell;
+// The loops stand by themselves so that each is worked on several cells at a time.
+VELMORANKITE_VECTOR_CLONES void keep_dummies(std::span<const float> padded,
+                                             std::span<float> cells) {
   for (std::size_t i = 0; i < cells.size(); ++i) {
-    if (plan.keep_dummies && !is_valid(cells[i])) {
-      cells[i] = dummy;
-    } else if (plan.add_plane) {
+    cells[i] = is_valid(cells[i]) ? padded[i] : dummy;
+  }
+}
+
+void add_plane(const plane& trend, double x_cell, double y, std::span<const float> padded,
+               std::span<float> cells) {
+  for (std::size_t i = 0; i < cells.size(); ++i) {
+    if (is_valid(cells[i])) {
       const double x = static_cast<double>(i) * x_cell;
-      cells[i] = static_cast<float>(static_cast<double>(padded[i]) + plan.trend.at(x, y));
+      cells[i] = static_cast<float>(static_cast<double>(padded[i]) + trend.at(x, y));
     } else {
-      cells[i] = padded[i];
+      cells[i] = dummy;
     }
   }
 }
@@ -74,8 +79,13 @@ value_range GRDOUT(const output_plan& plan, std::int32_t padded_columns,
     padded_row(row + plan.pad, padded);
     const double y =
         plane_row(from.storage_sense, from.y_count, row) * plan.input_grid.reals.y_cell;
-    place_row(plan, y, std::span<const float>(padded).subspan(static_cast<std::size_t>(plan.pad)),
-              cells);
+    const std::span<const float> inside =
+        std::span<const float>(padded).subspan(static_cast<std::size_t>(plan.pad));
+    if (plan.add_plane) {
+      add_plane(plan.trend, plan.input_grid.reals.x_cell, y, inside, cells);
+    } else {
+      keep_dummies(inside, cells);
+    }
     widen(cells, range);
   }
   output.finish();

@@ -17,10 +17,9 @@ struct output_plan {
   std::filesystem::path out_grid;
   const platform::BinaryFile* input = nullptr;  // standard grid, whose dummies are kept
   grid_description input_grid;
-  std::int32_t pad = 0;      // margin of the padded grid, in cells
-  bool add_plane = false;    // put the plane back that was taken out ahead of the transform
-  bool keep_dummies = true;  // a dummy of the input stays one
-  plane trend;               // distances as the fit counts them
+  std::int32_t pad = 0;    // margin of the padded grid, in cells
+  bool add_plane = false;  // put the plane back that was taken out ahead of the transform
+  plane trend;             // distances as the fit counts them
 };
 
 // Gives row `row` (from 1, the lowest Y) of the padded grid, without its margin being cut.
