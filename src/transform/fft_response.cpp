@@ -88,20 +88,44 @@ template <typename Work>
   }
 }
 
+// The power of an element ahead of the response and behind it.
+struct ElementPowers {
+  double input;
+  double output;
+};
+
+// Takes a share of an element and multiplies it by a real response.
+[[gnu::always_inline]] inline ElementPowers multiply(float* element, float share, double response) {
+  const auto re = static_cast<double>(element[0] * share);
+  const auto im = static_cast<double>(element[1] * share);
+  const auto new_re = static_cast<float>(re * response);
+  const auto new_im = static_cast<float>(im * response);
+  element[0] = new_re;
+  element[1] = new_im;
+  return {re * re + im * im, static_cast<double>(new_re) * static_cast<double>(new_re) +
+                                 static_cast<double>(new_im) * static_cast<double>(new_im)};
+}
+
 // Takes a share of a row, multiplies it by a real response and adds the powers of its elements,
 // ahead of the response and behind it.
 VELMORANKITE_VECTOR_CLONES void apply_real(float* row, std::size_t n, float share,
                                            const double* response, double* input, double* output) {
   for_folded(n, [=](std::size_t i, std::size_t k) {
-    const auto re = static_cast<double>(row[2 * i] * share);
-    const auto im = static_cast<double>(row[2 * i + 1] * share);
-    const auto new_re = static_cast<float>(re * response[i]);
-    const auto new_im = static_cast<float>(im * response[i]);
-    row[2 * i] = new_re;
-    row[2 * i + 1] = new_im;
-    input[k] += re * re + im * im;
-    output[k] += static_cast<double>(new_re) * static_cast<double>(new_re) +
-                 static_cast<double>(new_im) * static_cast<double>(new_im);
+    const ElementPowers powers = multiply(row + 2 * i, share, response[i]);
+    input[k] += powers.input;
+    output[k] += powers.output;
+  });
+}
+
+// The same for two rows of one response, whose powers are added in one go.
+VELMORANKITE_VECTOR_CLONES void apply_to_both(float* row, float* opposite, std::size_t n,
+                                              float share, const double* response, double* input,
+                                              double* output) {
+  for_folded(n, [=](std::size_t i, std::size_t k) {
+    const ElementPowers powers = multiply(row + 2 * i, share, response[i]);
+    const ElementPowers others = multiply(opposite + 2 * i, share, response[i]);
+    input[k] += powers.input + others.input;
+    output[k] += powers.output + others.output;
   });
 }
 
@@ -148,14 +172,18 @@ class SpectrumFilter {
   complex_response work(std::span<float> array) {
     const std::size_t rows = v_.size();
     for (std::size_t j = 0; j < half_of(rows); ++j) {
-      powers_.clear();
-      if (chosen_.kind == response_kind::real && chosen_.symmetry == response_symmetry::axes) {
-        make_symmetric_row(v_[j]);
-      }
-      work_row(array, j);
       const std::size_t opposite = (rows - j) % rows;
       const bool paired = opposite > j;
-      if (paired) work_row(array, opposite);
+      powers_.clear();
+      const bool symmetric = is_symmetric();
+      if (symmetric) make_symmetric_row(v_[j]);
+      if (symmetric && paired) {
+        apply_to_both(row_of(array, j), row_of(array, opposite), u_.size(), share_, real_.data(),
+                      powers_.input.data(), powers_.output.data());
+      } else {
+        work_row(array, j);
+        if (paired) work_row(array, opposite);
+      }
       bin_ends_.move_to(v_[j]);
       add_powers(paired ? 2 : 1);
     }
@@ -163,6 +191,14 @@ class SpectrumFilter {
   }
 
  private:
+  [[nodiscard]] bool is_symmetric() const {
+    return chosen_.kind == response_kind::real && chosen_.symmetry == response_symmetry::axes;
+  }
+
+  [[nodiscard]] float* row_of(std::span<float> array, std::size_t j) const {
+    return array.data() + 2 * u_.size() * j;
+  }
+
   // A row of the response and of its opposite row, from the left half.
   void make_symmetric_row(double v) {
     const std::size_t half = half_of(u_.size());
@@ -178,7 +214,7 @@ class SpectrumFilter {
   }
 
   void work_row(std::span<float> array, std::size_t j) {
-    float* const row = array.data() + 2 * u_.size() * j;
+    float* const row = row_of(array, j);
     if (chosen_.kind == response_kind::complex) {
       chosen_.complex_row(parameters_, u_, v_[j], complex_);
       const complex_response sum = apply_complex(row, u_.size(), share_, complex_.data(),
@@ -186,7 +222,7 @@ class SpectrumFilter {
       sum_ = sum_ + sum;
       return;
     }
-    if (chosen_.kind == response_kind::real && chosen_.symmetry != response_symmetry::axes) {
+    if (chosen_.kind == response_kind::real && !is_symmetric()) {
       if (chosen_.symmetry == response_symmetry::point && j > v_.size() / 2) {
         turn_row(v_[j]);
       } else {
