@@ -15,7 +15,7 @@
 namespace velmorankite {
 namespace {
 
-// The loops stand by themselves so that each is worked on several cells at a time.
+// Apart from add_plane, so that the processor takes several cells at a time.
 VELMORANKITE_VECTOR_CLONES void keep_dummies(std::span<const float> padded,
                                              std::span<float> cells) {
   for (std::size_t i = 0; i < cells.size(); ++i) {

@@ -5,6 +5,7 @@
 
 #include <cerrno>
 #include <cmath>
+#include <span>
 #include <vector>
 
 #include "condition/edge_taper.h"
@@ -101,6 +102,18 @@ TEST_F(PaddedGrid, held_by_rows_it_is_the_same_to_the_bit) {
     EXPECT_EQ(first_difference(whole, padded(sense, pad_storage::by_rows)), "");
     EXPECT_EQ(range.largest, of_whole.largest);
     EXPECT_EQ(range.smallest, of_whole.smallest);
+  }
+}
+
+TEST_F(PaddedGrid, made_in_lent_memory_it_is_the_same_and_what_lies_behind_it_stays) {
+  const std::size_t cells = 38 * 35;
+  const std::vector<float> own = padded(1);
+  for (const std::size_t lent : {cells - 1, cells, cells + 2}) {
+    std::vector<float> memory(cells + 2, 7.0F);
+    request.lent = std::span(memory).first(lent);
+    EXPECT_EQ(first_difference(own, padded(1)), "") << lent;
+    EXPECT_EQ(memory[cells], 7.0F);
+    EXPECT_EQ(memory[0] == 7.0F, lent < cells) << lent;  // too small: not touched
   }
 }
 
