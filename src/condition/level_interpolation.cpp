@@ -11,12 +11,35 @@
 namespace velmorankite {
 namespace {
 
-VELMORANKITE_VECTOR_CLONES std::int32_t count_blanks(const float* cells, std::size_t count) {
-  std::int32_t blanks = 0;
-  for (std::size_t i = 0; i < count; ++i) {
-    blanks += is_valid(cells[i]) ? 0 : 1;
+// Lists the runs of blank cells of a row, in ascending order. Valid cells are passed by blocks,
+// since most rows are blank only at their ends or not at all.
+VELMORANKITE_VECTOR_CLONES void list_blanks(const float* cells, std::size_t count,
+                                            std::vector<cell_run>& runs) {
+  constexpr std::size_t block = 64;
+  runs.clear();
+  std::size_t i = 0;
+  while (i < count) {
+    if (i + block <= count) {
+      int blanks = 0;
+      for (std::size_t k = i; k < i + block; ++k) {
+        blanks += is_valid(cells[k]) ? 0 : 1;
+      }
+      if (blanks == 0) {
+        i += block;
+        continue;
+      }
+    }
+    while (i < count && is_valid(cells[i])) {
+      ++i;
+    }
+    const std::size_t begin = i;
+    while (i < count && !is_valid(cells[i])) {
+      ++i;
+    }
+    if (i > begin) {
+      runs.push_back({begin, i});
+    }
   }
-  return blanks;
 }
 
 // The cubic along Y through four rows of nodes.
@@ -46,10 +69,9 @@ void LevelInterpolation::row(std::int32_t row, std::span<float> values) {
 }
 
 fill_count LevelInterpolation::fill_row(std::int32_t row, bool complete, std::span<float> cells) {
-  fill_count result;
-  result.filled = count_blanks(cells.data(), cells.size());
-  if (result.filled == 0) {
-    return result;
+  list_blanks(cells.data(), cells.size(), blanks_);
+  if (blanks_.empty()) {
+    return {};
   }
   const double y = points_.y(row);
   const AxisPlace place = y_axis_.place(y);
@@ -57,13 +79,17 @@ fill_count LevelInterpolation::fill_row(std::int32_t row, bool complete, std::sp
                       place.base() + 2 <= nodes_.lattice().y_count && columns_.begin == 0 &&
                       columns_.end == cells.size();
   if (complete && inside) {
-    result.lost = fill_between(place, cells);
-    return result;
+    fill_between(place, cells);
+  } else {
+    this->row(row, values_);
+    for (const cell_run& run : blanks_) {
+      std::copy_n(&values_[run.begin], run.end - run.begin, &cells[run.begin]);
+    }
   }
-  this->row(row, values_);
-  for (std::size_t i = 0; i < cells.size(); ++i) {
-    if (!is_valid(cells[i])) {
-      cells[i] = values_[i];
+  fill_count result;
+  for (const cell_run& run : blanks_) {
+    for (std::size_t i = run.begin; i < run.end; ++i) {
+      ++result.filled;
       result.lost += is_valid(cells[i]) ? 0 : 1;
     }
   }
@@ -71,34 +97,50 @@ fill_count LevelInterpolation::fill_row(std::int32_t row, bool complete, std::sp
 }
 
 // Between rows of valid nodes nothing is patched but the columns beyond their ends, where the
-// outermost goes on; so the columns are brought to the row's Y as a whole.
-std::int64_t LevelInterpolation::fill_between(const AxisPlace& y, std::span<float> cells) {
+// outermost goes on; so the columns round a run are brought to the row's Y as a whole.
+void LevelInterpolation::fill_between(const AxisPlace& y, std::span<float> cells) {
   const std::int32_t base = y.base();
-  const std::span<const float> nodes[] = {nodes_.row(base - 1), nodes_.row(base),
-                                          nodes_.row(base + 1), nodes_.row(base + 2)};
+  const four_nodes nodes = {nodes_.row(base - 1), nodes_.row(base), nodes_.row(base + 1),
+                            nodes_.row(base + 2)};
+  const std::span<const float> nearest_row = nodes[y.nearest > base ? 2 : 1];
+  const auto first_node = static_cast<std::size_t>(1 - columns_.first_column);
+  const double y_distance = std::fabs(y.offset);
+  std::size_t known = 0;
+  for (const cell_run& run : blanks_) {
+    known = bring_columns(nodes, y.fraction(), run, known);
+    for (std::size_t i = run.begin; i < run.end; ++i) {
+      const double* const f = &column_values_[static_cast<std::size_t>(columns_.left[i])];
+      const float value =
+          is_on_cell(columns_.distance[i], y_distance)
+              ? nearest_row[static_cast<std::size_t>(columns_.nearest[i]) - first_node]
+              : row_value(f[0], f[1], f[2], f[3], columns_.fraction[i]);
+      cells[i] = std::isnan(value) ? dummy : value;
+    }
+  }
+}
+
+// Brings the columns that a run reaches to the Y of its row.
+//   known  nodes of a column before this one were done for the runs before; gives the same for
+//          the runs to come.
+std::size_t LevelInterpolation::bring_columns(const four_nodes& nodes, double fraction,
+                                              const cell_run& run, std::size_t known) {
   const std::span<double> columns = column_values_;
   const auto ahead = static_cast<std::size_t>(1 - columns_.first_column);
-  const std::size_t there = std::min(nodes[0].size(), columns.size() - ahead);
-  cross_rows(nodes[0].data(), nodes[1].data(), nodes[2].data(), nodes[3].data(), y.fraction(),
-             there, &columns[ahead]);
-  std::ranges::fill(columns.first(ahead), columns[ahead]);
-  std::ranges::fill(columns.subspan(ahead + there), columns[ahead + there - 1]);
-
-  const std::span<const float> nearest_row = y.nearest > base ? nodes[2] : nodes[1];
-  const double y_distance = std::fabs(y.offset);
-  std::int64_t lost = 0;
-  for (std::size_t i = 0; i < cells.size(); ++i) {
-    if (is_valid(cells[i])) {
-      continue;
-    }
-    const double* const f = &columns[static_cast<std::size_t>(columns_.left[i])];
-    const float value = is_on_cell(columns_.distance[i], y_distance)
-                            ? nearest_row[static_cast<std::size_t>(columns_.nearest[i]) - ahead]
-                            : row_value(f[0], f[1], f[2], f[3], columns_.fraction[i]);
-    cells[i] = std::isnan(value) ? dummy : value;
-    lost += is_valid(cells[i]) ? 0 : 1;
+  const std::size_t count = std::min(nodes[0].size(), columns.size() - ahead);
+  const auto left = static_cast<std::size_t>(columns_.left[run.begin]);
+  const std::size_t end = static_cast<std::size_t>(columns_.left[run.end - 1]) + 4;
+  const std::size_t first = std::min(std::max(left, ahead) - ahead, count - 1);
+  const std::size_t from = std::max(known, first);
+  const std::size_t to = std::clamp(end - ahead, from, count);
+  cross_rows(nodes[0].data() + from, nodes[1].data() + from, nodes[2].data() + from,
+             nodes[3].data() + from, fraction, to - from, columns.data() + ahead + from);
+  if (left < ahead) {
+    std::ranges::fill(columns.first(ahead), columns[ahead]);
   }
-  return lost;
+  if (end > ahead + count) {
+    std::ranges::fill(columns.subspan(ahead + count), columns[ahead + count - 1]);
+  }
+  return to;
 }
 
 }  // namespace velmorankite

@@ -1,6 +1,8 @@
 // The values of one level of a fill at the nodes of another, for whole rows at a time.
 // SPDX-License-Identifier: MIT
 #pragma once
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <vector>
@@ -13,6 +15,12 @@ namespace velmorankite {
 struct fill_count {
   std::int64_t filled = 0;  // blank cells that got a value
   std::int64_t lost = 0;    // of these, with a value that is not valid: only from an overflow
+};
+
+// Neighbouring cells of a row, from 0.
+struct cell_run {
+  std::size_t begin;
+  std::size_t end;  // one behind the last
 };
 
 // The cell interpolation on one level at the nodes of another; both have the same origin.
@@ -30,7 +38,11 @@ class LevelInterpolation {
   fill_count fill_row(std::int32_t row, bool complete, std::span<float> cells);
 
  private:
-  std::int64_t fill_between(const AxisPlace& y, std::span<float> cells);
+  using four_nodes = std::array<std::span<const float>, 4>;  // rows round a row of points
+
+  void fill_between(const AxisPlace& y, std::span<float> cells);
+  std::size_t bring_columns(const four_nodes& nodes, double fraction, const cell_run& run,
+                            std::size_t known);
 
   Lattice points_;
   LevelRows& nodes_;
@@ -39,7 +51,8 @@ class LevelInterpolation {
   ColumnPlan columns_;
   GridAxis y_axis_;
   std::vector<float> values_;
-  std::vector<double> column_values_;  // of the plan's stretch
+  std::vector<double> column_values_;  // of the plan's stretch, as far as runs need them
+  std::vector<cell_run> blanks_;       // of the row at hand
 };
 
 }  // namespace velmorankite
