@@ -62,14 +62,14 @@ plane_sums sums_of_line_ends(const detrend_input& input, const line_ends& ends) 
   plane_sums sums;
   const auto x_of = [&](std::int32_t column) { return (column - 1) * input.x_cell; };
   for (std::int32_t row = 1; row <= input.layout.y_count; ++row) {
-    const line_end_pair& pair = ends.rows[static_cast<std::size_t>(row - 1)];
+    const line_end_pair& pair = ends.row(row);
     if (pair.spans()) {
       sums.add(x_of(pair.first), input.y_of(row), static_cast<double>(pair.first_value));
       sums.add(x_of(pair.last), input.y_of(row), static_cast<double>(pair.last_value));
     }
   }
   for (std::int32_t column = 1; column <= input.layout.x_count; ++column) {
-    const line_end_pair& pair = ends.columns[static_cast<std::size_t>(column - 1)];
+    const line_end_pair pair = ends.column(column);
     if (pair.spans()) {
       sums.add(x_of(column), input.y_of(pair.first), static_cast<double>(pair.first_value));
       sums.add(x_of(column), input.y_of(pair.last), static_cast<double>(pair.last_value));

@@ -100,7 +100,7 @@ void write_detrended(const detrend_input& input, const line_ends& ends, const pl
   for (std::int32_t row = 1; row <= input.layout.y_count; ++row) {
     const double y = input.y_of(row);
     read_row(input.file, input.layout, row, cells);
-    remove_plane(ends.rows[static_cast<std::size_t>(row - 1)], y, input.x_cell, trend, cells);
+    remove_plane(ends.row(row), y, input.x_cell, trend, cells);
     write_row(outputs.residual.file(), outputs.layout, row, cells);
     for (std::size_t i = 0; i < cells.size(); ++i) {
       cells[i] = static_cast<float>(trend.at(static_cast<double>(i) * input.x_cell, y));

@@ -34,16 +34,16 @@ struct old_samples {
 // The ends of a row, and the cells between them that end their own column; each counts once.
 void add_row(const detrend_input& input, const line_ends& ends, std::int32_t row,
              std::span<const float> cells, plane_sums& sums) {
-  const line_end_pair& pair = ends.rows[static_cast<std::size_t>(row - 1)];
+  const line_end_pair& pair = ends.row(row);
   if (!pair.spans()) {
     return;
   }
   for (std::int32_t column = pair.first; column <= pair.last; ++column) {
-    const auto i = static_cast<std::size_t>(column - 1);
-    const line_end_pair& own = ends.columns[i];
+    const line_end_pair own = ends.column(column);
     const bool ends_row = column == pair.first || column == pair.last;
     if (ends_row || own.first == row || own.last == row) {
-      sums.add((column - 1) * input.x_cell, input.y_of(row), static_cast<double>(cells[i]));
+      sums.add((column - 1) * input.x_cell, input.y_of(row),
+               static_cast<double>(cells[static_cast<std::size_t>(column - 1)]));
     }
   }
 }
@@ -100,11 +100,7 @@ Status GRID_DETREND_OLD(std::string_view input_name, std::string_view output_nam
   }
   trend = solve_plane(samples.sums, mean);
   // A row with a single valid cell is left as it is.
-  for (line_end_pair& pair : ends.rows) {
-    if (!pair.spans()) {
-      pair = {};
-    }
-  }
+  ends.drop_single_cells();
   write_detrended(*input, ends, trend, *outputs);
   return success;
 }
