@@ -19,6 +19,7 @@
 #include "grid/row_blocks.h"
 #include "platform/large_array.h"
 #include "platform/scratch_file.h"
+#include "platform/vector_clones.h"
 
 namespace velmorankite {
 namespace {
@@ -54,32 +55,45 @@ Lattice padded_lattice(const grid_description& grid, const pad_request& request)
   return lattice;
 }
 
+// Takes the plane from the valid cells of a row, the first of which lies at X 0, and makes
+// dummies of the others.
+VELMORANKITE_VECTOR_CLONES void take_plane(float* cells, std::size_t count, const plane& trend,
+                                           double x_cell, double y) {
+  const auto a = static_cast<double>(trend.a);
+  const auto b = static_cast<double>(trend.b);
+  const double rise = y * static_cast<double>(trend.c);
+  for (std::size_t i = 0; i < count; ++i) {
+    const double x = static_cast<double>(static_cast<std::int32_t>(i)) * x_cell;
+    const auto level = static_cast<float>(static_cast<double>(cells[i]) - a - rise - x * b);
+    cells[i] = is_valid(cells[i]) ? level : dummy;
+  }
+}
+
 // Reads input row `row` and gives its cells without the plane, blanks as dummies.
 void read_input_row(const pad_job& job, std::int32_t row, std::span<float> cells) {
   read_row(job.input, job.from, row, cells);
-  const plane& trend = job.request.trend;
-  const double y = plane_row(job.from.storage_sense, job.from.y_count, row) * job.grid.reals.y_cell;
-  for (std::size_t i = 0; i < cells.size(); ++i) {
-    if (!is_valid(cells[i])) {
-      cells[i] = dummy;
-    } else if (job.takes_plane()) {
-      const double x = static_cast<double>(i) * job.grid.reals.x_cell;
-      cells[i] =
-          static_cast<float>(static_cast<double>(cells[i]) - static_cast<double>(trend.a) -
-                             y * static_cast<double>(trend.c) - x * static_cast<double>(trend.b));
-    }
+  if (job.takes_plane()) {
+    const double y =
+        plane_row(job.from.storage_sense, job.from.y_count, row) * job.grid.reals.y_cell;
+    take_plane(cells.data(), cells.size(), job.request.trend, job.grid.reals.x_cell, y);
+  } else {
+    std::ranges::replace_if(
+        cells, [](float cell) { return !is_valid(cell); }, dummy);
   }
 }
 
 // The padded row before the fill: dummies but for the data of the input row in its middle.
 void place_row(const pad_job& job, std::int32_t row, std::span<float> cells) {
-  std::fill(cells.begin(), cells.end(), dummy);
   const std::int32_t input_row = row - job.request.row_pad;
-  if (input_row >= 1 && input_row <= job.from.y_count) {
-    read_input_row(job, input_row,
-                   cells.subspan(static_cast<std::size_t>(job.request.column_pad),
-                                 static_cast<std::size_t>(job.from.x_count)));
+  if (input_row < 1 || input_row > job.from.y_count) {
+    std::ranges::fill(cells, dummy);
+    return;
   }
+  const auto left = static_cast<std::size_t>(job.request.column_pad);
+  const auto count = static_cast<std::size_t>(job.from.x_count);
+  std::ranges::fill(cells.first(left), dummy);
+  read_input_row(job, input_row, cells.subspan(left, count));
+  std::ranges::fill(cells.subspan(left + count), dummy);
 }
 
 standard_header header_of(const pad_job& job) {
@@ -102,15 +116,14 @@ class RowFinisher {
     }
   }
 
-  void finish(std::int32_t row, std::span<float> cells, pad_range& range) const {
+  void finish(std::int32_t row, std::span<float> cells, value_range& range) const {
     if (job_.request.taper) {
       taper_row(cells, row, job_.padded.y_count, columns_, rows_, job_.level());
     }
     if (row == 1) {
       range = {cells.front(), cells.front()};
     }
-    const auto [smallest, largest] = std::minmax_element(cells.begin(), cells.end());
-    range = {std::min(range.smallest, *smallest), std::max(range.largest, *largest)};
+    range.widen(cells);
   }
 
  private:
@@ -129,7 +142,7 @@ void write_padded_header(const pad_job& job, platform::BinaryFile& padded) {
 }
 
 Status pad_whole(const pad_job& job, std::span<float> cells, platform::BinaryFile& padded,
-                 pad_range& range) {
+                 value_range& range) {
   for (std::int32_t row = 1; row <= job.padded.y_count; ++row) {
     place_row(job, row, row_of(cells, job, row));
   }
@@ -165,7 +178,7 @@ Status fill_file(const std::filesystem::path& padded) {
   return GRDMIPMAP(fill, filled_count, nothing_in_memory);
 }
 
-Status pad_by_rows(const pad_job& job, platform::BinaryFile& padded, pad_range& range) {
+Status pad_by_rows(const pad_job& job, platform::BinaryFile& padded, value_range& range) {
   std::vector<float> cells(static_cast<std::size_t>(job.padded.x_count));
   write_padded_header(job, padded);
   for (std::int32_t row = 1; row <= job.padded.y_count; ++row) {
@@ -211,7 +224,7 @@ class WholeGrid {
 };
 
 Status make_padded(const pad_job& job, pad_storage storage, platform::BinaryFile& padded,
-                   pad_range& range) {
+                   value_range& range) {
   if (storage == pad_storage::whole) {
     if (const WholeGrid grid(job.request.lent, job.padded); !grid.cells().empty()) {
       return pad_whole(job, grid.cells(), padded, range);
@@ -223,7 +236,7 @@ Status make_padded(const pad_job& job, pad_storage storage, platform::BinaryFile
 }  // namespace
 
 Status GRDPAD(std::string_view input, const std::filesystem::path& padded,
-              const pad_request& request, pad_range& range, pad_storage storage) {
+              const pad_request& request, value_range& range, pad_storage storage) {
   std::optional<opened_grid> opened = open_float_grid(input);
   if (!opened) {
     return pad_input_unreadable;

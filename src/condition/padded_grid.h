@@ -9,6 +9,7 @@
 
 #include "condition/plane_fit.h"
 #include "grid/status.h"
+#include "grid/value_range.h"
 
 namespace velmorankite {
 
@@ -33,12 +34,6 @@ struct pad_request {
   std::span<float> lent{};
 };
 
-// What a padded grid was found to hold.
-struct pad_range {
-  float smallest = 0.0F;
-  float largest = 0.0F;
-};
-
 // How the padded grid is held while it is made: whole, or by rows through its file where it does
 // not fit in memory. The result is the same to the bit.
 enum class pad_storage { whole, by_rows };
@@ -54,7 +49,7 @@ enum class pad_storage { whole, by_rows };
 // failure, IoError among them, no file of that name is left. Falls back to rows where the whole
 // grid cannot be allocated.
 Status GRDPAD(std::string_view input, const std::filesystem::path& padded,
-              const pad_request& request, pad_range& range,
+              const pad_request& request, value_range& range,
               pad_storage storage = pad_storage::whole);
 
 }  // namespace velmorankite

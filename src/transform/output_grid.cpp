@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "transform/output_grid.h"
 
-#include <algorithm>
-#include <array>
 #include <vector>
 
 #include "condition/detrend.h"
@@ -23,39 +21,13 @@ VELMORANKITE_VECTOR_CLONES void keep_dummies(std::span<const float> padded,
   }
 }
 
-void add_plane(const plane& trend, double x_cell, double y, std::span<const float> padded,
-               std::span<float> cells) {
+VELMORANKITE_VECTOR_CLONES void add_plane(const plane& trend, double x_cell, double y,
+                                          std::span<const float> padded, std::span<float> cells) {
   for (std::size_t i = 0; i < cells.size(); ++i) {
-    if (is_valid(cells[i])) {
-      const double x = static_cast<double>(i) * x_cell;
-      cells[i] = static_cast<float>(static_cast<double>(padded[i]) + trend.at(x, y));
-    } else {
-      cells[i] = dummy;
-    }
+    const double x = static_cast<double>(static_cast<std::int32_t>(i)) * x_cell;
+    const auto sum = static_cast<float>(static_cast<double>(padded[i]) + trend.at(x, y));
+    cells[i] = is_valid(cells[i]) ? sum : dummy;
   }
-}
-
-// Several ranges side by side, so that no cell waits for the one before it.
-void widen(std::span<const float> cells, value_range& range) {
-  constexpr std::size_t lanes = 8;
-  std::array<float, lanes> low;
-  std::array<float, lanes> high;
-  low.fill(range.smallest);
-  high.fill(range.largest);
-  const auto take = [&](std::size_t lane, float value) {
-    low[lane] = is_valid(value) && value < low[lane] ? value : low[lane];
-    high[lane] = is_valid(value) && value > high[lane] ? value : high[lane];
-  };
-  std::size_t first = 0;
-  for (; first + lanes <= cells.size(); first += lanes) {
-    for (std::size_t lane = 0; lane < lanes; ++lane) {
-      take(lane, cells[first + lane]);
-    }
-  }
-  for (; first < cells.size(); ++first) {
-    take(0, cells[first]);
-  }
-  range = {*std::ranges::min_element(low), *std::ranges::max_element(high)};
 }
 
 }  // namespace
@@ -86,7 +58,7 @@ value_range GRDOUT(const output_plan& plan, std::int32_t padded_columns,
     } else {
       keep_dummies(inside, cells);
     }
-    widen(cells, range);
+    range.widen(cells);
   }
   output.finish();
   header.stat_min = range.smallest;

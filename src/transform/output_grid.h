@@ -8,6 +8,7 @@
 
 #include "condition/plane_fit.h"
 #include "formats/grid_description.h"
+#include "grid/value_range.h"
 #include "platform/binary_file.h"
 
 namespace velmorankite {
@@ -24,11 +25,6 @@ struct output_plan {
 
 // Gives row `row` (from 1, the lowest Y) of the padded grid, without its margin being cut.
 using padded_row_source = std::function<void(std::int32_t row, std::span<float> cells)>;
-
-struct value_range {
-  float smallest = 1.0E30F;
-  float largest = -1.0E30F;
-};
 
 // Writes the output grid: 4-byte floats on the input's lattice, sense 1 kept and any other written
 // as -2, with the smallest and largest value in the header. The file appears when it is complete.

@@ -119,7 +119,7 @@ Status provide_padded_grid(const transform_request& request, const transform_inp
   log.line(sense_line(sense));
   const fit_scope scope =
       request.detrend_scope() == 1 ? fit_scope::all_cells : fit_scope::line_ends;
-  pad_range range;
+  value_range range;
   // A grid without a valid cell has no plane, and the padding fails on it too.
   const Status fitted = GRID_DETREND_PLANE(scope, input.path, "", facts.average, facts.trend);
   pad_request pad = pad_request_of(request, geometry, facts);

@@ -52,7 +52,7 @@ class PaddedGrid : public ::testing::Test {
   testing::TemporaryFolder folder;
   testing::CurrentFolder inside{folder.path()};
   pad_request request;
-  pad_range range;
+  value_range range;
 };
 
 TEST_F(PaddedGrid, data_lie_in_the_middle_less_their_plane_and_the_edges_hold_the_level) {
@@ -98,7 +98,7 @@ TEST_F(PaddedGrid, the_header_tells_a_later_run_what_it_was_made_with) {
 TEST_F(PaddedGrid, held_by_rows_it_is_the_same_to_the_bit) {
   for (const std::int32_t sense : {1, -2}) {
     const std::vector<float> whole = padded(sense);
-    const pad_range of_whole = range;
+    const value_range of_whole = range;
     EXPECT_EQ(first_difference(whole, padded(sense, pad_storage::by_rows)), "");
     EXPECT_EQ(range.largest, of_whole.largest);
     EXPECT_EQ(range.smallest, of_whole.smallest);
