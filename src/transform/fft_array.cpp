@@ -61,28 +61,29 @@ Lattice padded_lattice(const Lattice& lattice, const fft_geometry& geometry) {
           geometry.nyp};
 }
 
-void fill_fft_array(const platform::BinaryFile& padded, const RowLayout& layout,
-                    const fft_geometry& geometry, float background, std::span<float> array) {
-  const auto width = static_cast<std::size_t>(geometry.nxp);
-  const std::size_t row_words = 2 * static_cast<std::size_t>(geometry.fftnx);
-  std::vector<float> cells(width);
-  for (std::int32_t array_row = 0; array_row < geometry.fftny; ++array_row) {
-    const std::span<float> words =
-        array.subspan(static_cast<std::size_t>(array_row) * row_words, row_words);
-    const std::int32_t row = geometry.nyp - (array_row - geometry.padoffy);
-    if (row < 1 || row > geometry.nyp) {
-      blank_elements(words, background);
-      continue;
-    }
-    const std::size_t first = 2 * static_cast<std::size_t>(geometry.padoffx);
-    read_row(padded, layout, row, cells);
-    blank_elements(words.first(first), background);
-    for (std::size_t i = 0; i < width; ++i) {
-      words[first + 2 * i] = cells[i];
-      words[first + 2 * i + 1] = 0.0F;
-    }
-    blank_elements(words.subspan(first + 2 * width), background);
+ArrayRows::ArrayRows(const platform::BinaryFile& padded, const RowLayout& layout,
+                     const fft_geometry& geometry, float background)
+    : padded_(padded),
+      layout_(layout),
+      geometry_(geometry),
+      background_(background),
+      cells_(static_cast<std::size_t>(geometry.nxp)) {}
+
+void ArrayRows::make(std::int32_t array_row, std::span<float> words) {
+  const std::int32_t row = geometry_.nyp - (array_row - geometry_.padoffy);
+  if (row < 1 || row > geometry_.nyp) {
+    blank_elements(words, background_);
+    return;
   }
+  const std::size_t first = 2 * static_cast<std::size_t>(geometry_.padoffx);
+  read_row(padded_, layout_, row, cells_);
+  blank_elements(words.first(first), background_);
+  float* const inside = words.data() + first;
+  for (std::size_t i = 0; i < cells_.size(); ++i) {
+    inside[2 * i] = cells_[i];
+    inside[2 * i + 1] = 0.0F;
+  }
+  blank_elements(words.subspan(first + 2 * cells_.size()), background_);
 }
 
 void read_window_row(std::span<const float> array, const fft_geometry& geometry, std::int32_t row,
@@ -105,6 +106,17 @@ void write_window(std::span<const float> array, const fft_geometry& geometry,
     }
     write_row(padded, layout, row, cells);
   }
+}
+
+void transform_padded(const platform::BinaryFile& padded, const RowLayout& layout,
+                      const fft_geometry& geometry, float background, std::span<float> array) {
+  ArrayRows rows(padded, layout, geometry, background);
+  const std::int32_t dimensions[] = {geometry.fftnx, geometry.fftny};
+  [[maybe_unused]] const Status status =
+      FOURN(array, dimensions, 1, [&rows](std::size_t line, std::span<float> elements) {
+        rows.make(static_cast<std::int32_t>(line), elements);
+      });
+  assert(!status.failed());  // the sizes are powers of two and the array is theirs
 }
 
 void transform_array(std::span<float> array, const fft_geometry& geometry, std::int32_t sign) {

@@ -252,13 +252,18 @@ void transform_columns(float* data, std::size_t line_count, const Plan& plan) {
 }
 
 // Lines that lie anywhere.
-void transform_lines(float* data, std::size_t line_count, const Plan& plan) {
+//   make  makes a line of a first dimension, if there is one.
+void transform_lines(float* data, std::size_t line_count, const Plan& plan,
+                     const line_maker& make) {
   std::vector<Group> batch(plan.lines.length);
   for (std::size_t first = 0; first < line_count; first += lanes) {
     const std::size_t count = std::min(lanes, line_count - first);
     std::array<float*, lanes> line{};
     for (std::size_t lane = 0; lane < count; ++lane) {
       line[lane] = data + 2 * plan.lines.start(first + lane);
+      if (make) {
+        make(first + lane, {line[lane], 2 * plan.lines.length});
+      }
     }
     gather_lines(line.data(), count, plan.lines, plan.reversed.data(), batch.data());
     all_stages(batch.data(), plan.lines.length, plan.twiddles);
@@ -266,15 +271,25 @@ void transform_lines(float* data, std::size_t line_count, const Plan& plan) {
   }
 }
 
-void transform_dimension(float* data, std::size_t total, const Lines& lines, std::int32_t sign) {
+void transform_dimension(float* data, std::size_t total, const Lines& lines, std::int32_t sign,
+                         const line_maker& make) {
   const Plan plan(lines, sign);
   const bool side_by_side = lines.stride % lanes == 0;
-  (side_by_side ? transform_columns : transform_lines)(data, total / lines.length, plan);
+  if (side_by_side) {
+    transform_columns(data, total / lines.length, plan);
+  } else {
+    transform_lines(data, total / lines.length, plan, make);
+  }
 }
 
 }  // namespace
 
 Status FOURN(std::span<float> data, std::span<const std::int32_t> dimensions, std::int32_t sign) {
+  return FOURN(data, dimensions, sign, nullptr);
+}
+
+Status FOURN(std::span<float> data, std::span<const std::int32_t> dimensions, std::int32_t sign,
+             const line_maker& make) {
   if (sign != 1 && sign != -1) return fourn_bad_sign;
   if (dimensions.empty()) return fourn_bad_dimension;
   const std::size_t room = data.size() / 2;
@@ -287,10 +302,11 @@ Status FOURN(std::span<float> data, std::span<const std::int32_t> dimensions, st
   }
   if (!fits) return fourn_short_array;
   std::size_t stride = 1;
-  for (const std::int32_t n : dimensions) {
-    const auto length = static_cast<std::size_t>(n);
-    if (length > 1) {
-      transform_dimension(data.data(), total, {length, stride}, sign);
+  for (std::size_t d = 0; d < dimensions.size(); ++d) {
+    const line_maker made = d == 0 ? make : nullptr;
+    const auto length = static_cast<std::size_t>(dimensions[d]);
+    if (length > 1 || made) {
+      transform_dimension(data.data(), total, {length, stride}, sign, made);
     }
     stride *= length;
   }

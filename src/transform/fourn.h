@@ -1,7 +1,9 @@
 // The complex Fourier transform in any number of dimensions, in place.
 // SPDX-License-Identifier: MIT
 #pragma once
+#include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <span>
 
 #include "grid/status.h"
@@ -32,5 +34,14 @@ inline constexpr Status fourn_bad_sign{-3};       // neither 1 nor -1
 // The order in which lines and blocks are worked on is free, so the result is the same bit for
 // bit on every machine and with every width of vector.
 Status FOURN(std::span<float> data, std::span<const std::int32_t> dimensions, std::int32_t sign);
+
+// Makes the elements of a line of the first dimension; lines count from 0.
+using line_maker = std::function<void(std::size_t line, std::span<float> elements)>;
+
+// The same of an array whose lines are made just ahead of their transform along the first
+// dimension, in ascending order: they are then in the cache. What `data` holds before is lost.
+// What `make` throws is passed on, with part of the lines made.
+Status FOURN(std::span<float> data, std::span<const std::int32_t> dimensions, std::int32_t sign,
+             const line_maker& make);
 
 }  // namespace velmorankite

@@ -184,8 +184,7 @@ void FFTGRAD3(const fft_run& run, float HiCut, const platform::BinaryFile& input
 
 void integrate_padded_grid(const fft_run& run, float LoCut, platform::BinaryFile& padded,
                            const RowLayout& layout) {
-  fill_fft_array(padded, layout, run.geometry, 0.0F, run.array);
-  transform_array(run.array, run.geometry, 1);
+  transform_padded(padded, layout, run.geometry, 0.0F, run.array);
   run.parameters.HiCut = 0.0F;
   run.parameters.LoCut = LoCut;
   run.parameters.Par1 = 1.0F;

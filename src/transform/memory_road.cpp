@@ -24,15 +24,14 @@ void compute_spectrum(memory_run& run) {
   run.log.line(
       log_line("Initialise the values for the FFT arrays ", geometry.fftnx, geometry.fftny));
   run.log.line("Copy input grid data into FFT arrays");
-  fill_fft_array(run.padded, run.padded_layout, geometry,
-                 run.request.keeps_plane() ? run.facts.average : 0.0F, run.array.span());
+  run.log.line("Calculate forward FFT");
+  run.log.pause();
+  transform_padded(run.padded, run.padded_layout, geometry,
+                   run.request.keeps_plane() ? run.facts.average : 0.0F, run.array.span());
   if (is_single_response(run)) {
     run.padded.close();
     run.padded_scratch.remove();  // what the system held of it is at hand for the spectrum
   }
-  run.log.line("Calculate forward FFT");
-  run.log.pause();
-  transform_array(run.array.span(), geometry, 1);
 }
 
 // Later passes of this run and later runs read the spectrum again.

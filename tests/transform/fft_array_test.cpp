@@ -58,8 +58,10 @@ TEST(FftArray, rows_run_from_the_north_in_both_storage_senses) {
     const RowLayout layout{sense, g.nxp, g.nyp};
     platform::BinaryFile file(folder / "p.grd", platform::open_mode::read_write);
     std::vector<float> array(g.fftwords(), 77.0F);
-    fill_fft_array(file, layout, g, 0.5F, array);
+    ArrayRows rows(file, layout, g, 0.5F);
+    const auto row_words = static_cast<std::size_t>(2 * g.fftnx);
     for (std::int32_t j = 0; j < g.fftny; ++j) {
+      rows.make(j, std::span(array).subspan(static_cast<std::size_t>(j) * row_words, row_words));
       for (std::int32_t i = 0; i < g.fftnx; ++i) {
         const std::int32_t column = i - 2 + 1;  // (16 - 11) / 2 ahead of it
         const std::int32_t row = 10 - (j - 3);  // (16 - 10) / 2

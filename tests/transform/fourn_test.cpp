@@ -3,8 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -105,6 +107,23 @@ TEST(Fourn, rounds_as_the_textbook_loop_does_bit_for_bit) {
       EXPECT_EQ(testing::first_difference(expected, actual), "")
           << ::testing::PrintToString(dimensions) << " sign " << sign;
     }
+  }
+}
+
+TEST(Fourn, lines_made_just_ahead_of_their_transform_give_the_same) {
+  for (const dimension_list& dimensions : {dimension_list{16, 16}, {1, 4}, {64}, {8, 2, 4}}) {
+    std::vector<float> expected = rough_data(words_of(dimensions));
+    std::vector<float> actual(expected.size(), 7.0F);
+    std::size_t next = 0;
+    const auto make = [&](std::size_t line, std::span<float> elements) {
+      EXPECT_EQ(line, next++);
+      std::ranges::copy(std::span(expected).subspan(line * elements.size(), elements.size()),
+                        elements.begin());
+    };
+    ASSERT_EQ(FOURN(actual, dimensions, -1, make), success);
+    ASSERT_EQ(FOURN(expected, dimensions, -1), success);
+    EXPECT_EQ(testing::first_difference(expected, actual), "")
+        << ::testing::PrintToString(dimensions);
   }
 }
 

@@ -49,8 +49,7 @@ class GridRun {
   }
 
   void forward() {
-    fill_fft_array(file_, layout_, geometry_, 0.0F, array_);
-    transform_array(array_, geometry_, 1);
+    transform_padded(file_, layout_, geometry_, 0.0F, array_);
   }
 
   // The grid after one filter.
