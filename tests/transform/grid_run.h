@@ -48,9 +48,7 @@ class GridRun {
     ASSERT_FALSE(status.failed());
   }
 
-  void forward() {
-    transform_padded(file_, layout_, geometry_, 0.0F, array_);
-  }
+  void forward() { transform_padded(file_, layout_, geometry_, 0.0F, array_); }
 
   // The grid after one filter.
   std::vector<float> filtered(std::int32_t filter, std::array<float, real_parameters> reals,
