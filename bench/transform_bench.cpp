@@ -116,7 +116,7 @@ BENCHMARK(response_of_filter)
     ->DenseRange(100, 105)
     ->Arg(111)
     ->DenseRange(115, 117)
-    ->Arg(201)
+    ->DenseRange(201, 203)
     ->Arg(204)
     ->Arg(210)
     ->Unit(benchmark::kMillisecond);

@@ -4,10 +4,13 @@
 #pragma once
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
 #include <cstdlib>
+#include <span>
 
 #include "transform/complex_response.h"
+#include "transform/elementary_functions.h"
 #include "transform/radial_responses.h"
 #include "transform/trs_filter.h"
 
@@ -21,26 +24,39 @@ class RespStrike {
       : azimuth_(static_cast<double>(p.Azim)),
         block_(static_cast<double>(p.Par1)),
         roll_off_(static_cast<double>(p.Par2)),
+        turns_(0.5 / roll_off_),
         cosine_(std::cos(azimuth_ * DegToRad)),
         sine_(std::sin(azimuth_ * DegToRad)),
         surely_stopped_(squared_sine(block_ - roll_off_ - margin)),
         surely_passed_(squared_sine(block_ + std::abs(roll_off_) + margin)) {}
 
-  double operator()(double u, double v) const {
-    const double square = u * u + v * v;
-    const double k = TwoPi * std::sqrt(square);
-    const double across = v * cosine_ - u * sine_;
-    const double sine_squared = across * across;
-    if (k <= tiny_frequency || sine_squared > surely_passed_ * square) return 1.0;
-    const double passed = sine_squared < surely_stopped_ * square ? 0.0 : by_direction(u, v);
-    if (roll_off_ > 0.0) return 1.0 - (1.0 - passed) * (1.0 - std::exp(-roll_off_ * k));
-    return passed;
+  // The response along a row. With a taper a stretch that is not passed as a whole is worked out
+  // all alike.
+  [[gnu::always_inline]] void fill(std::span<const double> u, double v,
+                                   std::span<double> out) const {
+    constexpr std::size_t stretch = 32;
+    for (std::size_t first = 0; first < u.size(); first += stretch) {
+      const std::size_t end = std::min(first + stretch, u.size());
+      if (!(roll_off_ > 0.0)) {
+        for (std::size_t i = first; i < end; ++i) {
+          out[i] = sharp(u[i], v);
+        }
+      } else if (passes(u.subspan(first, end - first), v)) {
+        std::ranges::fill(out.subspan(first, end - first), 1.0);
+      } else {
+        for (std::size_t i = first; i < end; ++i) {
+          out[i] = tapered(u[i], v);
+        }
+      }
+    }
   }
 
  private:
   // Most directions are decided by the sine of their angle with the strike, which costs no
-  // arc tangent; those within this many degrees of an edge of the taper are not.
+  // arc tangent; those within this many degrees of an edge of the block are not.
   static constexpr double margin = 1.0E-4;
+
+  static constexpr double degrees_per_radian = 1.0 / DegToRad;
 
   [[nodiscard]] static double squared_sine(double degrees) {
     if (degrees <= 0.0) return 0.0;
@@ -49,21 +65,52 @@ class RespStrike {
     return sine * sine;
   }
 
+  // Length of the part of (u, v) that runs across the strike.
+  [[nodiscard]] double across(double u, double v) const {
+    return std::abs(v * cosine_ - u * sine_);
+  }
+
+  // Whether all elements are surely passed.
+  [[gnu::always_inline]] [[nodiscard]] bool passes(std::span<const double> u, double v) const {
+    int held = 0;
+    for (const double x : u) {
+      held += across(x, v) * across(x, v) > surely_passed_ * (x * x + v * v) ? 0 : 1;
+    }
+    return held == 0;
+  }
+
+  // With a taper the response has no step, and the last bit of an angle does not matter.
+  [[nodiscard]] double tapered(double u, double v) const {
+    const double r = radius(u, v);
+    const double off =
+        angle_of(std::abs(u * cosine_ + v * sine_), across(u, v)) * degrees_per_radian;
+    // Half turns from a quarter turn at the inner edge of the taper to minus one at the outer edge.
+    const double turn = std::max(-0.5, std::min(0.5, (block_ - off) * turns_));
+    const double passed = 0.5 - 0.5 * sine_of_half_turns(turn);
+    const double k = TwoPi * r;
+    const double with_long_waves = 1.0 - (1.0 - passed) * (1.0 - exponential(-roll_off_ * k));
+    return k <= tiny_frequency ? 1.0 : with_long_waves;
+  }
+
+  [[nodiscard]] double sharp(double u, double v) const {
+    const double square = u * u + v * v;
+    const double sine_squared = across(u, v) * across(u, v);
+    if (TwoPi * std::sqrt(square) <= tiny_frequency || sine_squared > surely_passed_ * square) {
+      return 1.0;
+    }
+    return sine_squared < surely_stopped_ * square ? 0.0 : by_direction(u, v);
+  }
+
   [[nodiscard]] double by_direction(double u, double v) const {
     double turn = std::atan2(v, u) / DegToRad - azimuth_;
     if (std::abs(turn) > 90.0) turn += turn < 0.0 ? 180.0 : -180.0;
-    const double off = std::abs(turn);
-    if (block_ - roll_off_ > off) return 0.0;
-    if (block_ + roll_off_ > off) {
-      const double a = 90.0 * DegToRad * (block_ - off) / roll_off_;
-      return 0.5 * std::abs(1.0 - std::sin(a));
-    }
-    return 1.0;
+    return block_ - roll_off_ > std::abs(turn) ? 0.0 : 1.0;
   }
 
   double azimuth_;
   double block_;
   double roll_off_;
+  double turns_;  // half turns of the taper's sine for a degree
   double cosine_;
   double sine_;
   double surely_stopped_;
@@ -117,6 +164,7 @@ class RespDerivH {
         x_cell_(p.CellX),
         y_cell_(p.CellY),
         order_(p.Par1),
+        at_zero_(std::pow(0.0F, p.Par1)),
         phase_(power_of_i(static_cast<double>(p.Par1))),
         high_cut_(p.HiCut) {}
 
@@ -152,7 +200,9 @@ class RespDerivH {
     if (order_ < 0.0F && static_cast<double>(wavenumber) * std::min(x_cell_, y_cell_) < across) {
       return 0.0F;
     }
-    return std::pow(wavenumber, order_);
+    return wavenumber > 0.0F ? static_cast<float>(power(static_cast<double>(wavenumber),
+                                                        static_cast<double>(order_)))
+                             : at_zero_;
   }
 
   double sine_;
@@ -160,6 +210,7 @@ class RespDerivH {
   double x_cell_;
   double y_cell_;
   float order_;
+  float at_zero_;
   complex_single phase_;  // i to the power of the order
   HighCut high_cut_;
 };

@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "transform/complex_response.h"
+#include "transform/elementary_functions.h"
 #include "transform/radial_responses.h"
 #include "transform/trs_filter.h"
 
@@ -50,22 +51,25 @@ class Stabilised {
 class RespAppSusc {
  public:
   explicit RespAppSusc(const filter_parameters& p)
-      : side_(static_cast<double>(p.Par1) * Pi),
+      : side_(static_cast<double>(p.Par1)),
         depth_(static_cast<double>(p.Par2)),
         field_(static_cast<double>(p.Par3)) {}
 
   // The response along a row, with what depends on v alone worked out.
   [[nodiscard]] auto row(double v) const {
     return [this, v, along_y = sinc(side_ * v)](double u) {
-      return std::exp(depth_ * (TwoPi * radius(u, v))) * sinc(side_ * u) * along_y / field_ / TwoPi;
+      return exponential(depth_ * (TwoPi * radius(u, v))) * sinc(side_ * u) * along_y / field_ /
+             TwoPi;
     };
   }
 
   double operator()(double u, double v) const { return row(v)(u); }
 
  private:
-  [[nodiscard]] static double sinc(double x) {
-    return std::abs(x) < tiny_frequency ? 1.0 : std::sin(x) / x;
+  // Of pi t.
+  [[nodiscard]] static double sinc(double t) {
+    const double x = Pi * t;
+    return std::abs(x) < tiny_frequency ? 1.0 : sine_of_half_turns(t) / x;
   }
 
   double side_;

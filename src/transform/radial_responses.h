@@ -3,9 +3,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
+#include <limits>
+#include <span>
 
+#include "transform/elementary_functions.h"
 #include "transform/trs_filter.h"
 
 // A response is made from the parameter set of a run and is then a pure function of u and v, the
@@ -51,33 +56,43 @@ class RespSmooth {
         window_(p.Opt1),
         residual_(p.Opt2 == 1) {}
 
-  double operator()(double u, double v) const {
-    const double passed = window(radius(u, v));
-    return residual_ ? 1.0 - passed : passed;
+  // The response along a row: one loop a window.
+  [[gnu::always_inline]] void fill(std::span<const double> u, double v,
+                                   std::span<double> out) const {
+    switch (window_) {
+      case 1:
+        return fill_with(u, v, out, [](double r) { return 1.0 - r / cut; });
+      case 2:
+        return fill_with(u, v, out, [](double r) {
+          const double sinc = sine_of_half_turns(0.5 * r / cut) / (Pi * r / cut * 0.5);
+          return sinc * sinc;
+        });
+      case 3:
+        return fill_with(u, v, out, [](double r) { return (1.0 - turned_cosine(r)) * 0.5; });
+      case 4:
+        return fill_with(u, v, out, [](double r) { return 0.54 - 0.46 * turned_cosine(r); });
+      default:
+        return fill_with(u, v, out, [this](double r) {
+          const double knee = cut - roll_off_;
+          return r <= knee ? 1.0 : std::max(0.0, 1.0 - (r - knee) / roll_off_);
+        });
+    }
   }
 
  private:
   static constexpr double cut = 0.5;
 
-  [[nodiscard]] double window(double r) const {
-    if (r < tiny_frequency) return 1.0;
-    if (r > cut) return 0.0;
-    switch (window_) {
-      case 1:
-        return 1.0 - r / cut;
-      case 2: {
-        const double a = Pi * r / cut * 0.5;
-        const double sinc = std::sin(a) / a;
-        return sinc * sinc;
-      }
-      case 3:
-        return (1.0 - std::cos((1.0 - r / cut) * Pi)) * 0.5;
-      case 4:
-        return 0.54 - 0.46 * std::cos((1.0 - r / cut) * Pi);
-      default: {
-        const double knee = cut - roll_off_;
-        return r <= knee ? 1.0 : std::max(0.0, 1.0 - (r - knee) / roll_off_);
-      }
+  // cos((1 - r / cut) pi)
+  [[nodiscard]] static double turned_cosine(double r) { return sine_of_half_turns(1.5 - r / cut); }
+
+  template <typename Window>
+  [[gnu::always_inline]] void fill_with(std::span<const double> u, double v, std::span<double> out,
+                                        Window window) const {
+    for (std::size_t i = 0; i < u.size(); ++i) {
+      const double r = radius(u[i], v);
+      const double within = window(r);
+      const double passed = r < tiny_frequency ? 1.0 : r > cut ? 0.0 : within;
+      out[i] = residual_ ? 1.0 - passed : passed;
     }
   }
 
@@ -90,34 +105,35 @@ class RespSmooth {
 class RespContinue {
  public:
   explicit RespContinue(const filter_parameters& p)
-      : rate_(-TwoPi * static_cast<double>(p.Par1)), downward_(p.Par1 < 0.0F) {}
+      : rate_(-TwoPi * static_cast<double>(p.Par1)), largest_gain_(p.Par1 < 0.0F ? 20.0 : 1.0) {}
 
   double operator()(double u, double v) const {
-    constexpr double largest_gain = 20.0;
-    const double gain = std::exp(rate_ * radius(u, v));
-    return downward_ ? std::min(gain, largest_gain) : gain;
+    return std::min(exponential(rate_ * radius(u, v)), largest_gain_);
   }
 
  private:
   double rate_;
-  bool downward_;
+  double largest_gain_;
 };
 
 // The power of 2 pi r in radians per map unit that a vertical derivative of order Par1 takes.
 class RespDerivZ {
  public:
   explicit RespDerivZ(const filter_parameters& p)
-      : cell_(std::sqrt(p.CellX * p.CellY)), order_(static_cast<double>(p.Par1)) {}
+      : cell_(std::sqrt(p.CellX * p.CellY)),
+        order_(static_cast<double>(p.Par1)),
+        at_zero_(std::pow(0.0, order_)) {}
 
   double operator()(double u, double v) const {
     const double wavenumber = TwoPi * radius(u, v) / cell_;
     if (order_ == 1.0) return wavenumber;
-    return std::pow(wavenumber, order_);
+    return wavenumber > 0.0 ? power(wavenumber, order_) : at_zero_;
   }
 
  private:
   double cell_;
   double order_;
+  double at_zero_;
 };
 
 // Vertical integral of order Par1, with a ramp below LoCut.
@@ -150,7 +166,7 @@ class RespMagLayer {
 
   double operator()(double u, double v) const {
     const double k = TwoPi * radius(u, v);
-    return std::exp(-top_ * k) * (1.0 - std::exp(-thickness_ * k));
+    return exponential(-top_ * k) * (1.0 - exponential(-thickness_ * k));
   }
 
  private:
@@ -166,7 +182,7 @@ class RespGravLayer {
 
   double operator()(double u, double v) const {
     const double k = TwoPi * radius(u, v);
-    return k * std::exp(-top_ * k) * (1.0 - std::exp(-thickness_ * k));
+    return k * exponential(-top_ * k) * (1.0 - exponential(-thickness_ * k));
   }
 
  private:
@@ -180,18 +196,46 @@ class RespReste {
   explicit RespReste(const filter_parameters& p)
       : distance_(static_cast<double>(p.Par1)), order_(p.Opt1) {}
 
-  double operator()(double u, double v) const {
-    const double x = -distance_ * (TwoPi * radius(u, v));
-    double term = 1.0;
-    double polynomial = 1.0;
-    for (std::int32_t n = 1; n <= order_ && term != 0.0 && std::isfinite(term); ++n) {
-      term *= x / n;
-      polynomial += term;
+  // The response along a row, a stretch at a time: term after term of all its elements, until
+  // there is none that would change anything.
+  [[gnu::always_inline]] void fill(std::span<const double> u, double v,
+                                   std::span<double> out) const {
+    for (std::size_t first = 0; first < u.size(); first += stretch) {
+      std::array<double, stretch> x{};
+      const std::size_t count = std::min(stretch, u.size() - first);
+      for (std::size_t i = 0; i < count; ++i) {
+        x[i] = -distance_ * (TwoPi * radius(u[first + i], v));
+      }
+      const std::array<double, stretch> taylor = polynomial(x);
+      for (std::size_t i = 0; i < count; ++i) {
+        out[first + i] = exponential(x[i]) - taylor[i];
+      }
     }
-    return std::exp(x) - polynomial;
   }
 
  private:
+  static constexpr std::size_t stretch = 32;
+
+  [[gnu::always_inline]] [[nodiscard]] std::array<double, stretch> polynomial(
+      const std::array<double, stretch>& x) const {
+    std::array<double, stretch> term;
+    term.fill(1.0);
+    std::array<double, stretch> sum = term;
+    bool goes_on = true;
+    for (std::int32_t n = 1; n <= order_ && goes_on; ++n) {
+      double changes = 0.0;
+      for (std::size_t i = 0; i < stretch; ++i) {
+        // Behind an overflow the sum stays as it is.
+        const bool finite = std::abs(term[i]) <= std::numeric_limits<double>::max();
+        term[i] = finite ? term[i] * (x[i] / n) : 0.0;
+        sum[i] += term[i];
+        changes = term[i] != 0.0 ? 1.0 : changes;
+      }
+      goes_on = changes != 0.0;
+    }
+    return sum;
+  }
+
   double distance_;
   std::int32_t order_;
 };

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "platform/vector_clones.h"
 #include "transform/directional_responses.h"
 #include "transform/magnetic_responses.h"
 #include "transform/radial_responses.h"
@@ -12,10 +13,13 @@ namespace velmorankite {
 namespace {
 
 template <typename Response>
-void real_row(const filter_parameters& parameters, std::span<const double> u, double v,
-              std::span<double> out) {
+VELMORANKITE_VECTOR_CLONES void real_row(const filter_parameters& parameters,
+                                         std::span<const double> u, double v,
+                                         std::span<double> out) {
   const Response value(parameters);
-  if constexpr (requires { value.row(v); }) {
+  if constexpr (requires { value.fill(u, v, out); }) {
+    value.fill(u, v, out);
+  } else if constexpr (requires { value.row(v); }) {
     const auto value_in_row = value.row(v);
     for (std::size_t i = 0; i < u.size(); ++i) {
       out[i] = value_in_row(u[i]);
@@ -28,8 +32,9 @@ void real_row(const filter_parameters& parameters, std::span<const double> u, do
 }
 
 template <typename Response>
-void complex_row(const filter_parameters& parameters, std::span<const double> u, double v,
-                 std::span<complex_response> out) {
+VELMORANKITE_VECTOR_CLONES void complex_row(const filter_parameters& parameters,
+                                            std::span<const double> u, double v,
+                                            std::span<complex_response> out) {
   const Response value(parameters);
   for (std::size_t i = 0; i < u.size(); ++i) {
     out[i] = value(u[i], v);
