@@ -15,7 +15,6 @@
 #include "support/failing_system.h"
 #include "support/grids.h"
 #include "support/temporary_folder.h"
-#include "transform/run_names.h"
 
 namespace velmorankite {
 namespace {
@@ -282,7 +281,9 @@ TEST_F(Transform, refusals_have_a_status_and_a_line_and_make_no_grid) {
     const char* line;
   };
   const example examples[] = {
-      {[](auto& r) { r.in_grid = " "; }, {-1001}, "The input grid name has not been specified"},
+      {[](auto& r) { r.in_grid.assign(1, ' '); },
+       {-1001},
+       "The input grid name has not been specified"},
       {[](auto& r) { r.grid.ints.storage_sense = 3; }, {-1001}, "not supported: 3"},
       {[](auto& r) { r.grid.reals.y_cell = std::nan(""); },
        {-1001},
@@ -377,39 +378,6 @@ TEST_F(Transform, two_runs_in_two_threads_do_not_meet) {
     }
     EXPECT_EQ(read_file(folder / "a.grd"), alone[0]);
     EXPECT_EQ(read_file(folder / "b.grd"), alone[1]);
-  }
-}
-
-TEST(RunNames, logs_and_saved_grids_are_named_after_the_output_or_the_reuse_base) {
-  struct example {
-    const char* out;
-    const char* base;
-    std::int32_t detrend;
-    const char* log;
-    const char* power;
-    const char* padded;
-  };
-  const example examples[] = {
-      {"a.b.grd", "", 2, "a.b_trs.log", "a.b_power", ""},
-      {"d.x/out", "", 2, "d.x/out_trs.log", "d.x/out_power", ""},
-      {"a_WDtmp.1.grd", "", 2, "a_trs.log", "a_power", ""},
-      {"~out0000.tmp", "", 2, "trs_filter_101.log", "power", ""},
-      {"~out0000.tmp", "mag.v2.grd", 0, "mag.v2_trs.log", "mag.v2_power", "mag.v2_trs_det_ext_011"},
-      {"a.grd", "mag  ", 11, "a_trs.log", "a_power", "mag_trs_det_all_ext_011"},
-      {"a.grd", "mag.grd", 12, "a_trs.log", "a_power", "mag_trs_ext_011"}};
-  for (const example& e : examples) {
-    transform_request r;
-    r.filter = 101;
-    r.pad_width = 11;
-    r.fft_mode = 1;
-    r.out_grid = e.out;
-    r.reuse_base = e.base;
-    r.detrend = e.detrend;
-    EXPECT_EQ(name_run(r).log, e.log);
-    EXPECT_EQ(name_run(r).power_stem, e.power);
-    const std::string stem = e.padded;
-    EXPECT_EQ(name_reuse(r).padded, stem.empty() ? "" : stem + ".grd");
-    EXPECT_EQ(name_reuse(r).spectrum, stem.empty() ? "" : stem + "_fft.grd");
   }
 }
 
