@@ -177,17 +177,12 @@ class RespMagLayer {
 // The same for gravity.
 class RespGravLayer {
  public:
-  explicit RespGravLayer(const filter_parameters& p)
-      : top_(static_cast<double>(p.Par1)), thickness_(static_cast<double>(p.Par2)) {}
+  explicit RespGravLayer(const filter_parameters& p) : share_(p) {}
 
-  double operator()(double u, double v) const {
-    const double k = TwoPi * radius(u, v);
-    return k * exponential(-top_ * k) * (1.0 - exponential(-thickness_ * k));
-  }
+  double operator()(double u, double v) const { return TwoPi * radius(u, v) * share_(u, v); }
 
  private:
-  double top_;
-  double thickness_;
+  RespMagLayer share_;
 };
 
 // Continuation by Par1 less its Taylor polynomial of order Opt1 (Reste's residual).
