@@ -99,16 +99,6 @@ void DefinitionsReader::numbers(const std::string& meaning,
                        meaning + " expected, \"" + rejected + "\" found");
 }
 
-// Whether two names mean one place, existing or not.
-bool same_place(const std::filesystem::path& a, const std::filesystem::path& b) {
-  std::error_code failure;
-  const auto place = [&failure](const std::filesystem::path& path) {
-    return std::filesystem::weakly_canonical(
-        std::filesystem::absolute(platform::link_target(path), failure), failure);
-  };
-  return platform::same_file(a, b) || place(a) == place(b);
-}
-
 // No input may be lost to a result, and no result to another.
 void keep_files_apart(const DefinitionsReader& reader, const std::filesystem::path& definitions,
                       const merge_definitions& d) {
@@ -135,7 +125,7 @@ void keep_files_apart(const DefinitionsReader& reader, const std::filesystem::pa
     results.push_back({6, "the log of the correction", names.log});
   }
   const auto keep_apart = [&reader](const named_file& result, const named_file& other) {
-    if (!other.path.empty() && same_place(result.path, other.path)) {
+    if (platform::same_place(result.path, other.path)) {
       std::string reason(result.meaning);
       reason.append(" would replace ").append(other.meaning).append(" (");
       reason.append(result.path.string()).append("), a name of its own is expected");

@@ -33,6 +33,18 @@ bool same_file(const std::filesystem::path& a, const std::filesystem::path& b) {
   return !failure && same;
 }
 
+bool same_place(const std::filesystem::path& a, const std::filesystem::path& b) {
+  if (a.empty() || b.empty()) {
+    return false;
+  }
+  std::error_code failure;
+  const auto place = [&failure](const std::filesystem::path& path) {
+    return std::filesystem::weakly_canonical(std::filesystem::absolute(link_target(path), failure),
+                                             failure);
+  };
+  return same_file(a, b) || place(a) == place(b);
+}
+
 std::filesystem::path link_target(std::filesystem::path path) {
   constexpr int most_links = 40;  // as many as the system follows
   std::error_code failure;

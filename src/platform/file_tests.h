@@ -11,6 +11,8 @@ namespace velmorankite::platform {
 [[nodiscard]] std::int64_t bytes_of_file(const std::filesystem::path& path);
 // Whether both names lead to one existing file, through links too.
 [[nodiscard]] bool same_file(const std::filesystem::path& a, const std::filesystem::path& b);
+// Whether both names mean one place, existing or not; a blank name means none.
+[[nodiscard]] bool same_place(const std::filesystem::path& a, const std::filesystem::path& b);
 // Where a name leads: through links, one to a file that does not exist yet among them.
 [[nodiscard]] std::filesystem::path link_target(std::filesystem::path path);
 // Deletes the file if it exists; a failure is not an error.

@@ -77,6 +77,9 @@ std::filesystem::path resolved_target(const std::filesystem::path& target) {
 }  // namespace
 
 ScratchFile::ScratchFile(std::filesystem::path path) : path_(std::move(path)) {
+  if (path_.empty()) {
+    return;
+  }
   std::error_code failure;
   const std::filesystem::path absolute = std::filesystem::absolute(path_, failure);
   slot_ = enter((failure ? path_ : absolute).string()).value_or(no_slot);

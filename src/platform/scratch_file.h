@@ -13,6 +13,7 @@ namespace velmorankite::platform {
 class ScratchFile {
  public:
   ScratchFile() = default;
+  // A blank path owns nothing.
   explicit ScratchFile(std::filesystem::path path);
   ~ScratchFile();
   ScratchFile(ScratchFile&& other) noexcept;

@@ -33,7 +33,7 @@ Status plan_fft(std::int32_t columns, std::int32_t rows, std::int32_t PadWidth,
   const std::int64_t pad = 3 * std::int64_t{PadWidth} + 1;
   const std::int64_t nxp = columns + 2 * pad;
   const std::int64_t nyp = rows + 2 * pad;
-  constexpr std::int64_t largest = std::int64_t{1} << 30;
+  constexpr std::int64_t largest = std::int64_t{1} << 29;  // a saved spectrum has twice as many
   if (nxp > largest || nyp > largest) return fft_too_large;
   const std::int64_t fftnx = power_of_two(nxp);
   const std::int64_t fftny = power_of_two(nyp);

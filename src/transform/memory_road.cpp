@@ -3,7 +3,7 @@
 
 #include <cmath>
 
-#include "condition/padded_grid.h"
+#include "grid/scratch_names.h"
 #include "transform/derived_maps.h"
 #include "transform/fft_grid.h"
 #include "transform/fft_response.h"
@@ -34,13 +34,19 @@ void compute_spectrum(memory_run& run) {
   }
 }
 
-// Later passes of this run and later runs read the spectrum again.
+// Later passes of this run and later runs read the spectrum again. Where it has no name of its own
+// the file is held from the start, so that two runs in one folder never share one.
 void save_spectrum(memory_run& run) {
   run.log.line("save the FFT coefficients");
-  if (run.request.reuse == 0) {
-    run.spectrum_scratch = platform::ScratchFile(run.saved_spectrum);
+  run.spectrum = run.saved_spectrum;
+  if (run.request.reuse == 0 || run.saved_spectrum.empty()) {
+    run.spectrum_scratch = new_scratch("~grdReUseFFT");
+    run.spectrum = run.spectrum_scratch.path();
   }
-  save_fft_grid(run.saved_spectrum, lattice_of(run.input.grid), run.geometry, run.array.span());
+  save_fft_grid(run.spectrum, lattice_of(run.input.grid), run.geometry, run.array.span());
+  if (run.request.reuse != 0) {
+    run.spectrum_scratch.keep();
+  }
   run.log.line("FFT coefficient grid file saved");
 }
 
@@ -48,6 +54,7 @@ void provide_spectrum(memory_run& run) {
   const auto log = [&run](std::string_view line) { run.log.line(line); };
   if (run.request.reuse > 0 && reuse_fft_grid(run.saved_spectrum, lattice_of(run.input.grid),
                                               run.geometry, run.array.span(), log)) {
+    run.spectrum = run.saved_spectrum;
     return;
   }
   compute_spectrum(run);
@@ -84,7 +91,7 @@ padded_row_source gradient_map(memory_run& run) {
                       run.power};
   platform::BinaryFile spectrum = prepare_gradient_spectrum(stage);
   if (!spectrum.is_open()) {
-    spectrum = platform::BinaryFile(run.saved_spectrum, platform::open_mode::read);
+    spectrum = platform::BinaryFile(run.spectrum, platform::open_mode::read);
   }
   run.work.emplace(make_work_grids(stage));
   FFTGRAD3(stage, run.request.hi_cut, run.input_file, layout_of(run.input.grid), spectrum,

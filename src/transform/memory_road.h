@@ -1,6 +1,7 @@
 // The road of a transform that holds the whole spectrum in memory.
 // SPDX-License-Identifier: MIT
 #pragma once
+#include <filesystem>
 #include <optional>
 #include <string>
 
@@ -28,12 +29,13 @@ struct memory_run {
   const RowLayout& padded_layout;
   const padded_grid_facts& facts;
   const fft_geometry& geometry;
-  const std::string& saved_spectrum;  // name under which the spectrum is saved
+  const std::string& saved_spectrum;  // name of a spectrum that is kept; may be blank
   filter_parameters& parameters;
   TransformLog& log;
   platform::LargeArray<float>& array;  // of geometry.fftwords() elements
   PowerSpectrum power{};
-  platform::ScratchFile spectrum_scratch{};  // the saved spectrum, where it goes with the run
+  std::filesystem::path spectrum{};          // file that holds the spectrum of this run
+  platform::ScratchFile spectrum_scratch{};  // the same, where it goes with the run
   std::optional<gradient_work_grids> work{};
 };
 

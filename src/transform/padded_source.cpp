@@ -7,6 +7,7 @@
 #include "condition/padded_grid.h"
 #include "formats/describe_grid.h"
 #include "grid/dummy.h"
+#include "grid/scratch_names.h"
 #include "grid/standard_header.h"
 #include "platform/file_tests.h"
 #include "transform/log_line.h"
@@ -65,6 +66,9 @@ bool reuse_saved(const transform_request& request, const transform_input& input,
                  const fft_geometry& geometry, const std::string& saved,
                  const std::filesystem::path& scratch, TransformLog& log,
                  padded_grid_facts& facts) {
+  if (saved.empty()) {
+    return false;
+  }
   log.line("Check padded grid file : " + saved);
   if (!platform::file_exists(saved)) {
     return false;
@@ -88,6 +92,19 @@ bool reuse_saved(const transform_request& request, const transform_input& input,
                  static_cast<float>(grid.reals.z_max)};
   facts.average = static_cast<float>(grid.reals.z_spread);
   return true;
+}
+
+// For later runs, which make their own where it fails. Without a name it goes under the first free
+// scratch name.
+void keep_padded(const std::filesystem::path& scratch, std::filesystem::path target) {
+  platform::ScratchFile unnamed;
+  if (target.empty()) {
+    unnamed = new_scratch("~grdReUseExt");
+    target = unnamed.path();
+  }
+  if (platform::copy_whole_file(scratch, target)) {
+    unnamed.keep();
+  }
 }
 
 pad_request pad_request_of(const transform_request& request, const fft_geometry& geometry,
@@ -129,7 +146,7 @@ Status provide_padded_grid(const transform_request& request, const transform_inp
     return transform_padding_failed;
   }
   if (request.reuse > 0) {
-    (void)platform::copy_whole_file(scratch, saved);  // a later run then makes its own
+    keep_padded(scratch, saved);
   }
   log.line(
       log_line("Padded grid data range,average : ", range.smallest, range.largest, facts.average));

@@ -1,14 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "transform/transform_checks.h"
 
+#include <algorithm>
 #include <filesystem>
+#include <iterator>
 #include <span>
+#include <vector>
 
 #include "formats/companion_file.h"
 #include "grid/cell_position.h"
 #include "platform/file_tests.h"
 #include "platform/padded_text.h"
+#include "transform/derived_maps.h"
 #include "transform/log_line.h"
+#include "transform/power_spectrum.h"
+#include "transform/run_names.h"
 #include "transform/transform_driver.h"
 
 namespace velmorankite {
@@ -23,12 +29,39 @@ Status check_names(const transform_request& request, TransformLog& log) {
     log.line("The output grid name has not been specified");
     return transform_arguments_invalid;
   }
-  const std::filesystem::path input = platform::without_padding(request.in_grid);
+  return success;
+}
+
+// What a run may write or delete under names of its own, but for the output and the log.
+std::vector<std::filesystem::path> side_products(const transform_request& request,
+                                                 const filter_parameters& parameters) {
+  const reuse_names saved = name_reuse(request);
+  std::vector<std::filesystem::path> products{
+      saved.padded, saved.spectrum, power_file_name(name_run(request).power_stem, parameters)};
+  if (request.filter == filter_vrmi) {
+    std::ranges::copy(component_names(request.out_grid), std::back_inserter(products));
+  }
+  return products;
+}
+
+// Neither the input nor the output may be lost to another file of the run.
+Status keep_files_apart(const transform_request& request, const filter_parameters& parameters,
+                        TransformLog& log) {
   const std::filesystem::path output = platform::without_padding(request.out_grid);
-  if (platform::same_file(input, output) ||
-      platform::same_file(companion_file(input, request.grid.ints.format_code), output)) {
-    log.line("The output grid would replace the input grid");
+  const auto refuse = [&log](const std::filesystem::path& product, std::string_view lost) {
+    log.line(product.string().append(" would replace the ").append(lost).append(" grid"));
     return transform_arguments_invalid;
+  };
+  if (is_input(output, request)) {
+    return refuse(output, "input");
+  }
+  for (const std::filesystem::path& product : side_products(request, parameters)) {
+    if (is_input(product, request)) {
+      return refuse(product, "input");
+    }
+    if (platform::same_place(product, output)) {
+      return refuse(product, "output");
+    }
   }
   return success;
 }
@@ -51,7 +84,7 @@ Status check_grid(const transform_request& request, TransformLog& log) {
 bool always(const transform_request&) {
   return true;
 }
-bool multilevel_road(const transform_request& request) {
+bool sweep_road(const transform_request& request) {
   return request.int_par[1] == 0;
 }
 bool third_option(const transform_request& request) {
@@ -71,7 +104,7 @@ struct missing_filter {
 constexpr missing_filter missing_filters[] = {
     {107, always, "Euler deconvolution"},
     {108, always, "the log spectral slope"},
-    {filter_hole_fill, multilevel_road, "the hole filling by sweeps"},
+    {filter_hole_fill, sweep_road, "the hole filling by sweeps"},
     {114, always, "the multilayer continuation"},
     {201, third_option, "a direction that varies over the grid"},
     {205, always, "the derivative ensemble"},
@@ -109,6 +142,12 @@ Status check_padding(const transform_request& request, TransformLog& log) {
 
 }  // namespace
 
+bool is_input(const std::filesystem::path& path, const transform_request& request) {
+  const std::filesystem::path input = platform::without_padding(request.in_grid);
+  return platform::same_place(path, input) ||
+         platform::same_place(path, companion_file(input, request.grid.ints.format_code));
+}
+
 Status check_request(const transform_request& request, TransformLog& log,
                      filter_parameters& parameters) {
   if (const Status status = check_names(request, log); status.failed()) {
@@ -135,7 +174,7 @@ Status check_request(const transform_request& request, TransformLog& log,
     log.line("There was a problem with the filter parameters");
     return transform_filter_refused;
   }
-  return success;
+  return keep_files_apart(request, parameters, log);
 }
 
 }  // namespace velmorankite

@@ -2,6 +2,7 @@
 #include "transform/transform_driver.h"
 
 #include <algorithm>
+#include <array>
 #include <exception>
 #include <limits>
 #include <new>
@@ -35,7 +36,7 @@ struct transform_run {
   transform_range& range;
   transform_input input{};
   platform::ScratchFile converted{};  // holds the input where it had to be converted
-  reuse_names saved{};
+  reuse_names saved{};                // blank names where nothing is saved under one
   fft_geometry geometry{};
   padded_grid_facts facts{};
   bool arrays_planned = false;          // from here on the log tells of their release
@@ -57,19 +58,6 @@ Status fill_holes(transform_run& run) {
   run.log.line(log_line("Number of cells filled: ", filled));
   constexpr std::int64_t most = std::numeric_limits<std::int32_t>::max();
   return {static_cast<std::int32_t>(std::min(filled, most))};
-}
-
-// A blank base gives the saved grids scratch names, which a run that keeps them leaves behind.
-void name_saved_grids(transform_run& run) {
-  run.saved = name_reuse(run.request);
-  if (run.saved.padded.empty()) {
-    run.saved.padded = "~grdReUseExt";
-    (void)GRDTMPNAME(run.saved.padded);
-  }
-  if (run.saved.spectrum.empty()) {
-    run.saved.spectrum = "~grdReUseFFT";
-    (void)GRDTMPNAME(run.saved.spectrum);
-  }
 }
 
 Status plan(transform_run& run) {
@@ -169,16 +157,6 @@ Status filter_by_convolution(transform_run& run, const platform::BinaryFile& inp
   return success;
 }
 
-// Saved grids go with a run that neither uses nor keeps them.
-void remove_saved(const transform_run& run) {
-  if (run.request.reuse == 0) {
-    platform::delete_file(run.saved.padded);
-    if (run.request.fft_mode != fft_mode_convolution) {
-      platform::delete_file(run.saved.spectrum);
-    }
-  }
-}
-
 Status filter_padded(transform_run& run) {
   platform::ScratchFile scratch = new_scratch("~grdext");
   const Status padding = provide_padded_grid(run.request, run.input, run.geometry, run.saved.padded,
@@ -202,17 +180,17 @@ Status filter_padded(transform_run& run) {
 }
 
 Status filter_grid(transform_run& run) {
-  name_saved_grids(run);
+  run.saved = name_reuse(run.request);
+  // Whatever comes of it, saved grids go with a run that neither uses nor keeps them.
+  std::array<platform::ScratchFile, 2> going;
+  if (run.request.reuse == 0) {
+    going = {platform::ScratchFile(run.saved.padded), platform::ScratchFile(run.saved.spectrum)};
+  }
   Status status = plan(run);
   if (!status.failed() && run.request.fft_mode != fft_mode_convolution) {
     status = allocate_array(run);
   }
-  if (status.failed()) {
-    return status;
-  }
-  status = filter_padded(run);
-  remove_saved(run);
-  return status;
+  return status.failed() ? status : filter_padded(run);
 }
 
 Status run_filter(transform_run& run) {
@@ -243,7 +221,11 @@ void close_log(const transform_run& run) {
 
 Status TRSD(const transform_request& request, transform_range& range) {
   range.OutMax = 1.0F;
-  TransformLog log(name_run(request).log);
+  const std::string log_name = name_run(request).log;
+  if (is_input(log_name, request)) {
+    throw platform::IoError(log_name, "is the input grid, which the log of the run would replace");
+  }
+  TransformLog log(log_name);
   log.line("Transform log file");
   filter_parameters parameters;
   transform_run run{request, log, parameters, range};

@@ -15,6 +15,7 @@
 #include "support/failing_system.h"
 #include "support/grids.h"
 #include "support/temporary_folder.h"
+#include "transform/run_names.h"
 
 namespace velmorankite {
 namespace {
@@ -36,9 +37,9 @@ float attraction(std::int32_t column, std::int32_t row, double depth) {
 
 class Transform : public ::testing::Test {
  protected:
-  transform_request request(std::int32_t filter, float first = 0.0F) {
+  transform_request request(std::int32_t filter, float first = 0.0F, const char* input = "in.grd") {
     transform_request r;
-    r.in_grid = (folder / "in.grd").string();
+    r.in_grid = (folder / input).string();
     r.grid = describe(r.in_grid);
     r.out_grid = (folder / "out.grd").string();
     r.filter = filter;
@@ -172,6 +173,69 @@ TEST_F(Transform, a_saved_spectrum_gives_the_same_file_as_a_computed_one) {
   EXPECT_EQ(read_file(folder / "out.grd"), other);
   EXPECT_FALSE(std::filesystem::exists(folder / "mag_trs_ext_008.grd"));
   EXPECT_FALSE(std::filesystem::exists(folder / "mag_trs_ext_008_fft.grd"));
+}
+
+TEST_F(Transform, saved_grids_without_a_base_take_scratch_names_and_stay_where_they_are_kept) {
+  write_grid(folder / "in.grd", lattice, [](int c, int r) { return attraction(c, r, 9.0); });
+  transform_request r = request(106);
+  const names products{"in.grd", "out.grd", "out_power_AS.dat", "out_trs.log"};
+  struct example {
+    std::int32_t reuse;
+    names saved;
+  };
+  for (const example& e : {example{0, {}},
+                           {-1, {"~grdReUseFFT0000.tmp"}},
+                           {1, {"~grdReUseExt0000.tmp", "~grdReUseFFT0000.tmp"}}}) {
+    r.reuse = e.reuse;
+    ASSERT_EQ(run(r), success);
+    names expected = products;
+    expected.insert(expected.end(), e.saved.begin(), e.saved.end());
+    EXPECT_EQ(folder.names(), expected) << e.reuse;
+    for (const std::string& name : e.saved) {
+      std::filesystem::remove(folder / name);
+    }
+  }
+}
+
+TEST_F(Transform, saved_grids_go_with_a_run_that_ends_early_too) {
+  write_grid(folder / "in.grd", lattice, [](int c, int r) { return attraction(c, r, 9.0); });
+  transform_request r = request(101);
+  r.reuse_base = "mag.grd";
+  r.pad_width = 0x100000;  // no memory for its array
+  testing::write_file(folder / "mag_trs_ext_1048576.grd", "old");
+  testing::write_file(folder / "mag_trs_ext_1048576_fft.grd", "old");
+  EXPECT_EQ(run(r), transform_array_memory);
+  EXPECT_EQ(folder.names(), (names{"in.grd", "out_trs.log"}));
+}
+
+TEST_F(Transform, no_file_of_a_run_falls_on_its_input_or_on_its_output) {
+  struct example {
+    const char* input;
+    const char* output;
+    std::int32_t filter;
+    std::int32_t reuse;
+  };
+  const example examples[] = {{"in.grd", "in.grd", 101, 0},
+                              {"out_Tz.grd", "out.grd", 212, 0},
+                              {"mag_trs_ext_008.grd", "out.grd", 101, 0},
+                              {"mag_trs_ext_008_fft.grd", "out.grd", 101, 1},
+                              {"in.grd", "mag_trs_ext_008.grd", 101, 0}};
+  for (const example& e : examples) {
+    write_grid(folder / e.input, lattice, [](int c, int r) { return attraction(c, r, 9.0); });
+    const std::string before = read_file(folder / e.input);
+    transform_request r = request(e.filter, 1.0F, e.input);
+    r.out_grid = e.output;
+    r.reuse_base = "mag.grd";
+    r.reuse = e.reuse;
+    EXPECT_EQ(run(r), transform_arguments_invalid) << e.input;
+    EXPECT_NE(read_file(name_run(r).log).find(" would replace the "), std::string::npos);
+    EXPECT_EQ(read_file(folder / e.input), before);
+    std::filesystem::remove(folder / e.input);
+  }
+  write_grid(folder / "out_trs.log", lattice, [](int, int) { return 1.0F; });
+  const std::string before = read_file(folder / "out_trs.log");
+  EXPECT_THROW(static_cast<void>(run(request(101, 1.0F, "out_trs.log"))), platform::IoError);
+  EXPECT_EQ(read_file(folder / "out_trs.log"), before);
 }
 
 // The response counts in units of the mean cell size, the result is divided by the cell's area.
@@ -321,9 +385,6 @@ TEST_F(Transform, refusals_have_a_status_and_a_line_and_make_no_grid) {
   write_grid(folder / "in.grd", lattice, [](int, int) { return dummy; });
   EXPECT_EQ(run(request(101)), transform_padding_failed);
   EXPECT_EQ(folder.names(), (names{"in.grd", "out_trs.log"}));
-  transform_request over_itself = request(101);
-  over_itself.out_grid = over_itself.in_grid;
-  EXPECT_EQ(run(over_itself), transform_arguments_invalid);
 }
 
 TEST_F(Transform, a_failing_write_or_read_leaves_no_scratch_and_no_output) {
@@ -355,20 +416,24 @@ TEST_F(Transform, a_failing_write_or_read_leaves_no_scratch_and_no_output) {
   }
 }
 
+// 106 reads its spectrum three times: it must be its own to the end of the run.
 TEST_F(Transform, two_runs_in_two_threads_do_not_meet) {
-  write_grid(folder / "in.grd", lattice, [](int c, int r) { return attraction(c, r, 9.0); });
-  const std::pair<std::int32_t, float> filters[] = {{101, 3.0F}, {102, 1.0F}};
+  const char* const inputs[] = {"a.grd", "b.grd"};
+  std::vector<transform_request> requests;
   std::vector<std::string> alone;
-  for (const auto& [filter, first] : filters) {
-    ASSERT_EQ(run(request(filter, first)), success);
-    alone.push_back(read_file(folder / "out.grd"));
+  for (std::size_t i = 0; i < 2; ++i) {
+    write_grid(folder / inputs[i], lattice,
+               [i](int c, int r) { return attraction(c, r, i == 0 ? 9.0 : 12.0); });
+    transform_request r = request(106, 0.0F, inputs[i]);
+    r.out_grid = (folder / ("of_" + std::string(inputs[i]))).string();
+    requests.push_back(r);
+    ASSERT_EQ(run(r), success);
+    alone.push_back(read_file(r.out_grid));
   }
-  for (int turn = 0; turn < 5; ++turn) {
+  for (int turn = 0; turn < 10; ++turn) {
     std::vector<std::thread> threads;
-    for (std::size_t i = 0; i < 2; ++i) {
-      transform_request r = request(filters[i].first, filters[i].second);
-      r.out_grid = (folder / (i == 0 ? "a.grd" : "b.grd")).string();
-      threads.emplace_back([r] {
+    for (const transform_request& r : requests) {
+      threads.emplace_back([&r] {
         transform_range own;
         EXPECT_EQ(TRSD(r, own), success);
       });
@@ -376,8 +441,9 @@ TEST_F(Transform, two_runs_in_two_threads_do_not_meet) {
     for (std::thread& thread : threads) {
       thread.join();
     }
-    EXPECT_EQ(read_file(folder / "a.grd"), alone[0]);
-    EXPECT_EQ(read_file(folder / "b.grd"), alone[1]);
+    for (std::size_t i = 0; i < 2; ++i) {
+      EXPECT_EQ(read_file(requests[i].out_grid), alone[i]) << turn;
+    }
   }
 }
 
