@@ -19,8 +19,6 @@ using namespace velmorankite::capi;
 
 namespace {
 
-constexpr std::size_t int_pars = 3;
-constexpr std::size_t real_pars = 8;
 constexpr std::size_t single_reals = 22;
 
 // Words of a complex array; 0, which no transform takes, where they cannot be counted.
@@ -38,8 +36,8 @@ std::size_t complex_words(std::span<const std::int32_t> dimensions) {
 
 // Points each way of the part of an operator that is handed out.
 std::int32_t operator_side(std::int32_t filter, std::int32_t points) {
-  constexpr std::int32_t first_asymmetric = 200;
-  return filter < first_asymmetric ? (points - 1) / 2 + 1 : points;
+  return filter < velmorankite::first_asymmetric_filter ? velmorankite::half_points(points)
+                                                        : points;
 }
 
 }  // namespace
@@ -67,8 +65,8 @@ void TRSD(const char* InGrid, const std::int32_t* GridInt, const double* GridRea
     request.hi_cut = *HiCut;
     request.lo_cut = *LoCut;
     request.azimuth = *Azimuth;
-    std::copy_n(IntPar, int_pars, request.int_par.begin());
-    std::copy_n(RealPar, real_pars, request.real_par.begin());
+    std::copy_n(IntPar, request.int_par.size(), request.int_par.begin());
+    std::copy_n(RealPar, request.real_par.size(), request.real_par.begin());
     return velmorankite::TRSD(request, range);
   });
   *OutMin = range.OutMin;

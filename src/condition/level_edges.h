@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "condition/level_rows.h"
+#include "condition/line_ends.h"
 #include "grid/lattice.h"
 
 namespace velmorankite {
@@ -18,24 +19,18 @@ class LevelEdges {
   LevelEdges(const Lattice& lattice, std::int32_t reach);
 
   // Notes the valid nodes of a row; rows come in order, from 1.
-  void record(std::int32_t row, std::span<const float> cells);
+  void record(std::int32_t row, std::span<const float> cells) { ends_.note_row(row, cells); }
 
   // Gives the nodes just beyond the ends of each column the value at the end, then, over these,
   // those beyond the ends of each row. Ends on the outermost nodes stay as they are.
   void extend(LevelRows& level) const;
 
  private:
-  // First and last valid node along each column or row. A line without a valid node keeps the
-  // ends that it starts with: the outermost, which are not extended.
-  struct ends {
-    std::vector<std::int32_t> first, last;
-    ends(std::int32_t lines, std::int32_t nodes);
-  };
-  // A node beyond the data of its column, and the row of the end whose value it takes.
+  // A node beyond the data of its column, and the value at the end of them.
   struct extension {
     std::int32_t row;
-    std::int32_t end_row;
-    std::size_t column;
+    std::int32_t column;
+    float value;
   };
 
   [[nodiscard]] std::vector<extension> column_extensions() const;
@@ -45,9 +40,7 @@ class LevelEdges {
   std::int32_t column_count_;
   std::int32_t row_count_;
   std::int32_t reach_;
-  std::int32_t open_columns_;  // without a valid node so far
-  ends columns_;
-  ends rows_;
+  line_ends ends_;  // a line without a valid node has none, and is not extended
 };
 
 }  // namespace velmorankite

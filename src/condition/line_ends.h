@@ -6,8 +6,6 @@
 #include <span>
 #include <vector>
 
-#include "condition/plane_fit.h"
-
 namespace velmorankite {
 
 // Where the valid cells of a row or a column begin and end, and their values there. Positions

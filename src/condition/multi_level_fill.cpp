@@ -4,13 +4,13 @@
 #include <algorithm>
 #include <memory>
 #include <new>
-#include <string>
 #include <vector>
 
 #include "condition/fill_pyramid.h"
 #include "grid/dummy.h"
 #include "grid/grid_rows.h"
 #include "platform/large_array.h"
+#include "platform/padded_text.h"
 #include "platform/scratch_file.h"
 
 namespace velmorankite {
@@ -18,14 +18,6 @@ namespace {
 
 using platform::BinaryFile;
 using platform::StagedFile;
-
-bool is_blank(std::string_view name) {
-  return name.find_first_not_of(' ') == std::string_view::npos;
-}
-
-std::filesystem::path path_of(std::string_view name) {
-  return std::filesystem::path(name.substr(0, name.find_last_not_of(' ') + 1));
-}
 
 // Whether `count` cells, moved by `offset`, lie within `room`.
 bool fits(std::int64_t count, std::int64_t offset, std::int64_t room) {
@@ -103,7 +95,7 @@ void copy_bytes(const BinaryFile& from, BinaryFile& to, std::int64_t position, s
 
 std::int64_t write_new_grid(FillPyramid& pyramid, const fill_request& request,
                             const Lattice& lattice) {
-  StagedFile output(path_of(request.output_name));
+  StagedFile output(platform::without_padding(request.output_name));
   const std::int32_t sense = request.input.ints.storage_sense;
   standard_header header = float_grid_header(lattice, sense);
   header.stat_min = request.minimum;
@@ -150,8 +142,8 @@ Status GRDMIPMAP(const fill_request& request, std::int64_t& filled_count,
   if (!is_possible(request)) {
     return fill_impossible;
   }
-  const bool in_place = is_blank(request.output_name);
-  const BinaryFile input(path_of(request.input_name),
+  const bool in_place = platform::without_padding(request.output_name).empty();
+  const BinaryFile input(platform::without_padding(request.input_name),
                          in_place ? platform::open_mode::read_write : platform::open_mode::read);
   if (in_place || request.cells.empty()) {
     check_float_grid(input, request.input);

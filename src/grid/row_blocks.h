@@ -14,7 +14,7 @@ namespace velmorankite {
 // takes a file in large pieces keeps it in large pages, which costs it a third of the time.
 class RowBlockWriter {
  public:
-  // Both must outlive the writer.
+  // The file must outlive the writer.
   RowBlockWriter(platform::BinaryFile& file, const RowLayout& layout);
 
   // The cells of the next row, to be filled before the next call; what they hold is not defined.
@@ -25,7 +25,7 @@ class RowBlockWriter {
 
  private:
   platform::BinaryFile& file_;
-  const RowLayout& layout_;
+  RowLayout layout_;
   std::size_t width_;
   std::size_t capacity_;  // rows of a block
   std::vector<float> block_;

@@ -15,7 +15,6 @@
 #include "platform/binary_file.h"
 #include "platform/large_array.h"
 #include "platform/scratch_file.h"
-#include "transform/power_spectrum.h"
 #include "transform/run_names.h"
 #include "transform/transform_driver.h"
 #include "transform/trs_filter.h"
@@ -56,39 +55,20 @@ std::int64_t within_line(std::int64_t i, std::int64_t count, bool closed) {
 // The continuation by which the spread residuals become smooth.
 transform_request continuation(const std::filesystem::path& from, const std::string& to,
                                float distance) {
-  constexpr std::int32_t filter_continuation = 101;
+  constexpr std::int32_t margin_width = 11;  // a margin of 34 cells
   transform_request request;
   request.in_grid = from.string();
   request.out_grid = to;
   request.filter = filter_continuation;
-  request.pad_width = 11;
-  request.filter_width = 11;
-  request.detrend = 2;
+  request.pad_width = margin_width;
+  request.filter_width = margin_width;
+  request.detrend = detrend_keeps_plane;
   request.fft_mode = fft_mode_memory;
-  request.int_par = {0, 1, 0, 0};
+  request.int_par = {0, 1, 0};
   request.real_par = {distance};
+  request.power_file = false;
   return request;
 }
-
-// Products of the continuation that go if it fails, and the power spectrum, which always goes.
-class ContinuationFiles {
- public:
-  explicit ContinuationFiles(const transform_request& request)
-      : output_(request.out_grid), log_(name_run(request).log) {
-    filter_parameters parameters;
-    parameters.ShortName = "Continuation";
-    spectrum_ = platform::ScratchFile(power_file_name(name_run(request).power_stem, parameters));
-  }
-  void keep() {
-    output_.keep();
-    log_.keep();
-  }
-
- private:
-  platform::ScratchFile output_;
-  platform::ScratchFile log_;
-  platform::ScratchFile spectrum_;
-};
 
 // The residuals spread over the window from the cells of the line, as a scratch grid.
 bool write_spread_residuals(const line_values& points, const Lattice& window,
@@ -168,7 +148,9 @@ Status build_seam_correction(const stitch_parameters& parameters, const seam_ban
   transform_request request = continuation(spread.path(), output, parameters.correction_distance);
   grid_texts texts;
   transform_range range;
-  ContinuationFiles products(request);
+  // Both go if the continuation fails.
+  platform::ScratchFile grid(output);
+  platform::ScratchFile log(name_run(request).log);
   if (GRDRDH(request.in_grid, request.grid, texts).failed() || TRSD(request, range).failed() ||
       GRDRDH(output, correction.description, texts).failed()) {
     why = "the continuation of the correction by " +
@@ -176,7 +158,8 @@ Status build_seam_correction(const stitch_parameters& parameters, const seam_ban
     return correction_impossible;
   }
   correction.path = output;
-  products.keep();
+  grid.keep();
+  log.keep();
   return success;
 }
 

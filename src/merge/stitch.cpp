@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "grid/cell_interpolation.h"
-#include "grid/cell_position.h"
+#include "grid/row_blocks.h"
 #include "grid/standard_header.h"
 #include "merge/marked_weight.h"
 #include "merge/merge_rule.h"
@@ -17,9 +17,6 @@
 
 namespace velmorankite {
 namespace {
-
-// Rows of the output are written in blocks of about this size.
-constexpr std::size_t block_bytes = std::size_t{1} << 20;
 
 // Columns or rows of the output that lie in the working window, counted from 0, the last excluded.
 struct index_range {
@@ -179,19 +176,11 @@ void MergedRows::make_window_part(std::int32_t row, std::span<float> out) {
 
 void write_grid(const Lattice& lattice, MergedRows& rows, platform::StagedFile& output) {
   OUTPUT_GEOSOFT_HEADER(output.file(), float_grid_header(lattice));
-  const auto width = static_cast<std::size_t>(lattice.x_count);
-  const std::size_t rows_a_block = std::max(std::size_t{1}, block_bytes / (width * sizeof(float)));
-  std::vector<float> block(rows_a_block * width);
-  std::int32_t done = 0;
-  while (done < lattice.y_count) {
-    const std::int64_t position = GRDCELLPOS(sense_bottom_up, standard_header_bytes, sizeof(float),
-                                             lattice.x_count, lattice.y_count, done + 1, 1);
-    std::size_t held = 0;
-    while (held < rows_a_block && done < lattice.y_count) {
-      rows.make(++done, std::span(block).subspan(held++ * width, width));
-    }
-    output.file().write_values(position, std::span<const float>(block).first(held * width));
+  RowBlockWriter cells(output.file(), {sense_bottom_up, lattice.x_count, lattice.y_count});
+  for (std::int32_t row = 1; row <= lattice.y_count; ++row) {
+    rows.make(row, cells.next_row());
   }
+  cells.finish();
   output.commit();
 }
 

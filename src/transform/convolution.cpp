@@ -142,10 +142,10 @@ void asymmetric_sums(const RowWindow& window, std::span<const float> weights, st
 // Horizontal derivatives at a run of cells from column `first`, from their eight neighbours.
 void horizontal_derivatives(const RowWindow& window, const filter_parameters& parameters,
                             std::size_t first, std::span<float> gx, std::span<float> gy) {
-  for (std::size_t x = 0; x < gx.size(); ++x) {
-    const float* const t = window.at(-1) + first + x;
-    const float* const c = window.at(0) + first + x;
-    const float* const s = window.at(1) + first + x;
+  const float* t = window.at(-1) + first;
+  const float* c = window.at(0) + first;
+  const float* s = window.at(1) + first;
+  for (std::size_t x = 0; x < gx.size(); ++x, ++t, ++c, ++s) {
     const float along_x = (t[1] - t[-1]) + (c[1] - c[-1]) + (s[1] - s[-1]);
     const float along_y = (s[-1] - t[-1]) + (s[0] - t[0]) + (s[1] - t[1]);
     gx[x] = static_cast<float>(static_cast<double>(along_x) / parameters.CellX / 6.0);

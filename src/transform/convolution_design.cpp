@@ -2,12 +2,6 @@
 #include "transform/convolution_design.h"
 
 namespace velmorankite {
-namespace {
-
-constexpr std::int32_t first_asymmetric_filter = 200;
-
-}  // namespace
-
 Status WTDESIGN(const filter_parameters& parameters, std::int32_t n, std::span<float> weights,
                 const log_sink& log) {
   if (parameters.FilterNo < first_asymmetric_filter) {

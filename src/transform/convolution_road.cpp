@@ -12,10 +12,6 @@
 namespace velmorankite {
 namespace {
 
-constexpr std::int32_t first_asymmetric_filter = 200;
-constexpr std::int32_t total_gradient = 106;
-constexpr std::int32_t vertical_integral = 111;
-
 Status pass(std::int32_t filter_width, const convolution_grids& grids,
             filter_parameters& parameters, TransformLog& log) {
   const bool symmetric = parameters.FilterNo < first_asymmetric_filter;
@@ -51,11 +47,11 @@ Status run_convolution_road(const transform_request& request, platform::BinaryFi
   if (const Status status = pass(request.filter_width, grids, parameters, log); status.failed()) {
     return status;
   }
-  const bool gradient = request.filter == total_gradient;
-  if (parameters.Opt2 != 1 || (!gradient && request.filter != vertical_integral)) {
+  const bool gradient = request.filter == filter_total_gradient;
+  if (parameters.Opt2 != 1 || (!gradient && request.filter != filter_vertical_integral)) {
     return success;
   }
-  parameters.FilterNo = gradient ? vertical_integral : total_gradient;
+  parameters.FilterNo = gradient ? filter_vertical_integral : filter_total_gradient;
   parameters.Par1 = gradient ? 1.0F : parameters.Par1;
   return pass(request.filter_width, grids, parameters, log);
 }

@@ -143,9 +143,8 @@ Status WTSYM(const filter_parameters& parameters, std::int32_t w, std::span<floa
   const filter_traits& traits = traits_of(parameters.FilterNo);
   switch (traits.design) {
     case operator_design::none: {
-      constexpr std::int32_t last_symmetric_filter = 199;
       const bool in_range =
-          parameters.FilterNo >= first_filter && parameters.FilterNo <= last_symmetric_filter;
+          parameters.FilterNo >= first_filter && parameters.FilterNo < first_asymmetric_filter;
       return in_range ? operator_unknown : operator_index_invalid;
     }
     case operator_design::window:

@@ -4,8 +4,9 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
-#include <string>
 #include <vector>
+
+#include "grid/row_blocks.h"
 
 namespace velmorankite {
 namespace {
@@ -72,27 +73,15 @@ void write_derived_map(derived_map map, const gradient_work_grids& work,
   const auto width = static_cast<std::size_t>(geometry.nxp);
   std::vector<float> a(width);
   std::vector<float> b(width);
-  std::vector<float> c(width);
+  RowBlockWriter rows(padded, layout);
   for (std::int32_t row = 1; row <= geometry.nyp; ++row) {
     read_row(work.grids[0], work.layout, row, a);
     read_row(work.grids[1], work.layout, row, b);
+    const std::span<float> c = rows.next_row();
     read_window_row(array, geometry, row, c);
     combine_row(map, a, b, c);
-    write_row(padded, layout, row, c);
   }
-}
-
-std::array<std::filesystem::path, 3> component_names(std::string_view OutGrid) {
-  OutGrid = OutGrid.substr(0, OutGrid.find_last_not_of(' ') + 1);
-  std::size_t end = OutGrid.rfind("_WDtmp.");
-  if (end == std::string_view::npos) {
-    // A "." of a folder does not count.
-    const std::size_t dot = OutGrid.rfind('.');
-    const std::size_t slash = OutGrid.rfind('/');
-    if (slash == std::string_view::npos || dot > slash) end = dot;
-  }
-  const std::string stem(OutGrid.substr(0, end));
-  return {stem + "_Tx.grd", stem + "_Ty.grd", stem + "_Tz.grd"};
+  rows.finish();
 }
 
 }  // namespace velmorankite

@@ -1,9 +1,7 @@
 // Maps that are made of three grids: total gradient and the angle maps of the tilt family.
 // SPDX-License-Identifier: MIT
 #pragma once
-#include <array>
 #include <cstdint>
-#include <filesystem>
 #include <span>
 
 #include "grid/grid_rows.h"
@@ -34,9 +32,5 @@ void combine_row(derived_map map, std::span<const float> a, std::span<const floa
 void write_derived_map(derived_map map, const gradient_work_grids& work,
                        std::span<const float> array, const fft_geometry& geometry,
                        platform::BinaryFile& padded, const RowLayout& layout);
-
-// The names under which the three components of a field are put out beside `OutGrid`: its stem
-// (up to the last "_WDtmp.", or else the last ".") and "_Tx.grd", "_Ty.grd", "_Tz.grd".
-[[nodiscard]] std::array<std::filesystem::path, 3> component_names(std::string_view OutGrid);
 
 }  // namespace velmorankite

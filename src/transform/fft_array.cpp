@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "transform/fft_array.h"
 
-#include <algorithm>
 #include <cassert>
-#include <limits>
 #include <vector>
 
+#include "grid/row_blocks.h"
 #include "transform/fourn.h"
 
 namespace velmorankite {
@@ -25,6 +24,43 @@ void blank_elements(std::span<float> words, float background) {
     words[i + 1] = 0.0F;
   }
 }
+
+// Makes the rows of the array from a padded grid.
+class ArrayRows {
+ public:
+  ArrayRows(const platform::BinaryFile& padded, const RowLayout& layout,
+            const fft_geometry& geometry, float background)
+      : padded_(padded),
+        layout_(layout),
+        geometry_(geometry),
+        background_(background),
+        cells_(static_cast<std::size_t>(geometry.nxp)) {}
+
+  // Makes row `array_row`, from 0 in the north: 2 x fftnx words.
+  void make(std::int32_t array_row, std::span<float> words) {
+    const std::int32_t row = geometry_.nyp - (array_row - geometry_.padoffy);
+    if (row < 1 || row > geometry_.nyp) {
+      blank_elements(words, background_);
+      return;
+    }
+    const std::size_t first = 2 * static_cast<std::size_t>(geometry_.padoffx);
+    read_row(padded_, layout_, row, cells_);
+    blank_elements(words.first(first), background_);
+    float* const inside = words.data() + first;
+    for (std::size_t i = 0; i < cells_.size(); ++i) {
+      inside[2 * i] = cells_[i];
+      inside[2 * i + 1] = 0.0F;
+    }
+    blank_elements(words.subspan(first + 2 * cells_.size()), background_);
+  }
+
+ private:
+  const platform::BinaryFile& padded_;
+  const RowLayout& layout_;
+  const fft_geometry& geometry_;
+  float background_;
+  std::vector<float> cells_;
+};
 
 }  // namespace
 
@@ -61,31 +97,6 @@ Lattice padded_lattice(const Lattice& lattice, const fft_geometry& geometry) {
           geometry.nyp};
 }
 
-ArrayRows::ArrayRows(const platform::BinaryFile& padded, const RowLayout& layout,
-                     const fft_geometry& geometry, float background)
-    : padded_(padded),
-      layout_(layout),
-      geometry_(geometry),
-      background_(background),
-      cells_(static_cast<std::size_t>(geometry.nxp)) {}
-
-void ArrayRows::make(std::int32_t array_row, std::span<float> words) {
-  const std::int32_t row = geometry_.nyp - (array_row - geometry_.padoffy);
-  if (row < 1 || row > geometry_.nyp) {
-    blank_elements(words, background_);
-    return;
-  }
-  const std::size_t first = 2 * static_cast<std::size_t>(geometry_.padoffx);
-  read_row(padded_, layout_, row, cells_);
-  blank_elements(words.first(first), background_);
-  float* const inside = words.data() + first;
-  for (std::size_t i = 0; i < cells_.size(); ++i) {
-    inside[2 * i] = cells_[i];
-    inside[2 * i + 1] = 0.0F;
-  }
-  blank_elements(words.subspan(first + 2 * cells_.size()), background_);
-}
-
 void read_window_row(std::span<const float> array, const fft_geometry& geometry, std::int32_t row,
                      std::span<float> cells) {
   const float* const words = array.data() + geometry.padded_row(row);
@@ -95,17 +106,12 @@ void read_window_row(std::span<const float> array, const fft_geometry& geometry,
 }
 
 void write_window(std::span<const float> array, const fft_geometry& geometry,
-                  platform::BinaryFile& padded, const RowLayout& layout, double divisor) {
-  std::vector<float> cells(static_cast<std::size_t>(geometry.nxp));
+                  platform::BinaryFile& padded, const RowLayout& layout) {
+  RowBlockWriter rows(padded, layout);
   for (std::int32_t row = 1; row <= geometry.nyp; ++row) {
-    read_window_row(array, geometry, row, cells);
-    if (divisor != 1.0) {
-      std::ranges::for_each(cells, [divisor](float& cell) {
-        cell = static_cast<float>(static_cast<double>(cell) / divisor);
-      });
-    }
-    write_row(padded, layout, row, cells);
+    read_window_row(array, geometry, row, rows.next_row());
   }
+  rows.finish();
 }
 
 void transform_padded(const platform::BinaryFile& padded, const RowLayout& layout,

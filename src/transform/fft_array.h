@@ -4,7 +4,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
-#include <vector>
 
 #include "grid/grid_rows.h"
 #include "grid/lattice.h"
@@ -60,36 +59,17 @@ Status plan_fft(std::int32_t columns, std::int32_t rows, std::int32_t PadWidth,
 // The lattice of the padded grid of a grid on `lattice`.
 [[nodiscard]] Lattice padded_lattice(const Lattice& lattice, const fft_geometry& geometry);
 
-// Makes the rows of the array from a padded grid: its cells as real parts, `background` round
-// them, the imaginary parts 0.
-class ArrayRows {
- public:
-  // The file and the geometry must outlive the object.
-  ArrayRows(const platform::BinaryFile& padded, const RowLayout& layout,
-            const fft_geometry& geometry, float background);
-
-  // Makes row `array_row`, from 0 in the north: 2 x fftnx words. Throws IoError.
-  void make(std::int32_t array_row, std::span<float> words);
-
- private:
-  const platform::BinaryFile& padded_;
-  RowLayout layout_;
-  const fft_geometry& geometry_;
-  float background_;
-  std::vector<float> cells_;
-};
-
 // The real parts of one row of the padded grid (from 1 at the lowest Y): nxp cells.
 void read_window_row(std::span<const float> array, const fft_geometry& geometry, std::int32_t row,
                      std::span<float> cells);
 
-// Writes the real parts over all rows of a padded grid, divided by `divisor` in double precision.
-// Throws IoError.
+// Writes the real parts over all rows of a padded grid. Throws IoError.
 void write_window(std::span<const float> array, const fft_geometry& geometry,
-                  platform::BinaryFile& padded, const RowLayout& layout, double divisor = 1.0);
+                  platform::BinaryFile& padded, const RowLayout& layout);
 
-// Sets all of the array to the forward transform of a padded grid, the rows of which are made just
-// ahead of their own transform. Throws IoError.
+// Sets all of the array to the forward transform of a padded grid: its cells as real parts,
+// `background` round them, the imaginary parts 0. The rows are made just ahead of their own
+// transform. Throws IoError.
 void transform_padded(const platform::BinaryFile& padded, const RowLayout& layout,
                       const fft_geometry& geometry, float background, std::span<float> array);
 

@@ -78,6 +78,7 @@ constexpr std::nullopt_t kept = std::nullopt;
 using G = gradient_use;
 using S = direction_setup;
 constexpr std::uint8_t not_on_disk = road_convolution | road_memory;
+constexpr std::uint8_t by_fft = road_memory | road_disk;
 
 // index, response on the FFT roads, designer of a symmetric operator and the response it samples,
 // asymmetric operator, use of the gradient, roads; title, short name, directions, what is loaded
@@ -115,9 +116,9 @@ constexpr catalogue_row catalogue[] = {
      "Multilayer Continuation: ", "MLC", S::none, multilayer},
     {{115, R::strike, D::strike, R::none, false, G::none, all_roads},
      "Strike filter: ", "SF", S::none, strike},
-    {{116, R::tensor, D::none, R::none, false, G::none, all_roads},
+    {{116, R::tensor, D::none, R::none, false, G::none, by_fft},
      "Tensor transform: ", "Tensor", S::axes, tensor},
-    {{117, R::apparent_susceptibility, D::none, R::none, false, G::none, all_roads},
+    {{117, R::apparent_susceptibility, D::none, R::none, false, G::none, by_fft},
      "App susc: ", "AppSus", S::none, susceptibility},
     {{200, R::none, D::none, R::none, false, G::none, all_roads}, {}, "", S::field, directions},
     {{201, R::pole, D::none, R::none, true, G::none, all_roads},

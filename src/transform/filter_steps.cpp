@@ -10,10 +10,6 @@ namespace {
 constexpr float smallest_order = 0.01F;      // of a derivative
 constexpr float narrowest_crossline = 5.0F;  // of the strike filter
 
-bool is_meaningful(float cutoff) {
-  return cutoff > 0.0F && cutoff <= 1.0F;
-}
-
 }  // namespace
 
 void log_real(filter_loading& loading, const filter_step& step) {
@@ -29,7 +25,7 @@ void log_choice(filter_loading& loading, const filter_step& step) {
 }
 
 void log_cutoff(filter_loading& loading, const filter_step& step) {
-  if (is_meaningful(loading.parameters.*step.real)) {
+  if (is_cutoff(loading.parameters.*step.real)) {
     log_real(loading, step);
   }
 }

@@ -12,11 +12,6 @@
 namespace velmorankite {
 namespace {
 
-constexpr std::int32_t horizontal_derivative_filter = 204;
-constexpr std::int32_t vertical_derivative_filter = 102;
-constexpr std::int32_t integral_filter = 111;
-constexpr std::int32_t layer_filter = 103;
-
 void face_x(filter_parameters& p) {
   p.Par1 = 1.0F;
   p.Par2 = 90.0F;
@@ -45,15 +40,15 @@ struct gradient_pass {
 
 using pass_list = std::array<gradient_pass, 3>;
 
-constexpr gradient_pass along_x{horizontal_derivative_filter, face_x, false, true};
-constexpr gradient_pass along_y{horizontal_derivative_filter, face_y, false, true};
+constexpr gradient_pass along_x{filter_horizontal_derivative, face_x, false, true};
+constexpr gradient_pass along_y{filter_horizontal_derivative, face_y, false, true};
 constexpr gradient_pass component_x{filter_field_x, nullptr, true, true};
 constexpr gradient_pass component_y{filter_field_y, nullptr, true, true};
 
 // In the order of gradient_passes, without `none`.
 constexpr pass_list passes[] = {
-    {along_x, along_y, {vertical_derivative_filter, face_down, false, false}},
-    {along_x, along_y, {vertical_derivative_filter, face_down, true, true}},
+    {along_x, along_y, {filter_vertical_derivative, face_down, false, false}},
+    {along_x, along_y, {filter_vertical_derivative, face_down, true, true}},
     {component_x, component_y, {filter_field_z, nullptr, true, false}},
     {component_x, component_y, {filter_field_z, nullptr, true, true}},
 };
@@ -116,11 +111,11 @@ gradient_passes gradient_passes_of(const filter_parameters& p) {
   };
   using G = gradient_passes;
   constexpr passes_row rows[] = {
-      {106, nullptr, G::derivatives, G::derivatives},
-      {107, nullptr, G::euler_derivatives, G::euler_derivatives},
-      {109, &filter_parameters::Opt3, G::components, G::derivatives},
-      {111, &filter_parameters::Opt2, G::derivatives, G::none},
-      {212, nullptr, G::kept_components, G::kept_components},
+      {filter_total_gradient, nullptr, G::derivatives, G::derivatives},
+      {filter_euler, nullptr, G::euler_derivatives, G::euler_derivatives},
+      {filter_angle_map, &filter_parameters::Opt3, G::components, G::derivatives},
+      {filter_vertical_integral, &filter_parameters::Opt2, G::derivatives, G::none},
+      {filter_vrmi, nullptr, G::kept_components, G::kept_components},
   };
   for (const passes_row& row : rows) {
     if (row.filter == p.FilterNo) {
@@ -144,14 +139,14 @@ gradient_work_grids make_work_grids(const fft_run& run) {
 platform::BinaryFile prepare_gradient_spectrum(const fft_run& run) {
   filter_parameters& p = run.parameters;
   const BorrowedParameters restored(p);
-  if (p.FilterNo == integral_filter && p.Opt2 == 1) {
-    apply(run, false, integral_filter);
-  } else if (p.FilterNo == 212 && p.Par3 > 0.0F) {
+  if (p.FilterNo == filter_vertical_integral && p.Opt2 == 1) {
+    apply(run, false, filter_vertical_integral);
+  } else if (p.FilterNo == filter_vrmi && p.Par3 > 0.0F) {
     // With several layers the thickness is in cells already.
     const double cell = p.Opt3 != 0 ? 1.0 : p.CellX;
     p.Par2 = static_cast<float>(static_cast<double>(p.Par3) / cell);
     p.Par1 = 0.0F;
-    apply(run, false, layer_filter);
+    apply(run, false, filter_magnetic_layer);
   } else {
     return {};
   }
@@ -188,7 +183,7 @@ void integrate_padded_grid(const fft_run& run, float LoCut, platform::BinaryFile
   run.parameters.HiCut = 0.0F;
   run.parameters.LoCut = LoCut;
   run.parameters.Par1 = 1.0F;
-  apply(run, true, integral_filter);
+  apply(run, true, filter_vertical_integral);
   transform_array(run.array, run.geometry, -1);
   write_window(run.array, run.geometry, padded, layout);
 }

@@ -63,8 +63,6 @@ class RespAppSusc {
     };
   }
 
-  double operator()(double u, double v) const { return row(v)(u); }
-
  private:
   // Of pi t.
   [[nodiscard]] static double sinc(double t) {

@@ -12,9 +12,6 @@
 namespace velmorankite {
 namespace {
 
-constexpr std::int32_t vertical_integral = 111;
-constexpr std::int32_t total_gradient = 106;
-
 bool is_single_response(const memory_run& run) {
   return gradient_passes_of(run.parameters) == gradient_passes::none;
 }
@@ -71,7 +68,7 @@ padded_row_source single_response(memory_run& run) {
   run.log.pause();
   transform_array(run.array.span(), run.geometry, -1);
   // The vertical integral is scaled from cells to map units.
-  const double divisor = run.request.filter == vertical_integral
+  const double divisor = run.request.filter == filter_vertical_integral
                              ? std::pow(run.parameters.CellX * run.parameters.CellY,
                                         static_cast<double>(run.parameters.Par1))
                              : 1.0;
@@ -98,7 +95,7 @@ padded_row_source gradient_map(memory_run& run) {
            *run.work);
   write_derived_map(derived_map_of(run.parameters), *run.work, run.array.span(), run.geometry,
                     run.padded, run.padded_layout);
-  if (run.request.filter == total_gradient && run.parameters.Opt2 == 1) {
+  if (run.request.filter == filter_total_gradient && run.parameters.Opt2 == 1) {
     integrate_padded_grid(stage, run.request.lo_cut, run.padded, run.padded_layout);
   }
   return [&run](std::int32_t row, std::span<float> cells) {

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <string>
 
+#include "platform/padded_text.h"
 #include "platform/text_file.h"
 
 namespace velmorankite {
@@ -38,14 +39,10 @@ std::string field(double value) {
   return std::string(width - std::min(width, digits.size()), ' ').append(digits);
 }
 
-bool is_blank(std::string_view text) {
-  return text.find_first_not_of(' ') == std::string_view::npos;
-}
-
 }  // namespace
 
 std::filesystem::path power_file_name(std::string_view stem, const filter_parameters& parameters) {
-  if (is_blank(stem)) {
+  if (platform::without_padding(stem).empty()) {
     return "power_fft.dat";
   }
   std::string name(stem);

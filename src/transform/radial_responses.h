@@ -25,10 +25,6 @@ inline constexpr double tiny_frequency = static_cast<double>(1.0E-4F);
   return std::sqrt(u * u + v * v);
 }
 
-[[nodiscard]] inline bool is_cutoff(float cutoff) {
-  return cutoff > 0.0F && cutoff <= 1.0F;
-}
-
 // The ramp of HiCut: 1 up to an eighth of it, falling to 0 at the Nyquist frequency, in single
 // precision. 1 everywhere where HiCut is no cutoff.
 class HighCut {

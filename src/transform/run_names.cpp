@@ -24,11 +24,15 @@ std::size_t end_of_stem(const std::string& name) {
   return dot == std::string::npos || in_directory ? name.size() : dot;
 }
 
+std::string stem_of_output(std::string_view out_grid) {
+  const std::string out(platform::without_padding(out_grid));
+  const std::size_t mark = out.rfind("_WDtmp.");
+  return out.substr(0, mark != std::string::npos ? mark : end_of_stem(out));
+}
+
 std::string log_stem(const transform_request& request) {
-  const std::string out(platform::without_padding(request.out_grid));
-  if (out.find('~') == std::string::npos) {
-    const std::size_t mark = out.rfind("_WDtmp.");
-    return out.substr(0, mark != std::string::npos ? mark : end_of_stem(out));
+  if (request.out_grid.find('~') == std::string::npos) {
+    return stem_of_output(request.out_grid);
   }
   const std::string base(platform::without_padding(request.reuse_base));
   return base.substr(0, end_of_stem(base));
@@ -59,6 +63,11 @@ reuse_names name_reuse(const transform_request& request) {
       base.substr(0, end_of_stem(base)) + tag + three_digits(request.pad_width);
   return {stem + ".grd",
           request.fft_mode != fft_mode_convolution ? stem + "_fft.grd" : std::string()};
+}
+
+std::array<std::filesystem::path, 3> component_names(std::string_view out_grid) {
+  const std::string stem = stem_of_output(out_grid);
+  return {stem + "_Tx.grd", stem + "_Ty.grd", stem + "_Tz.grd"};
 }
 
 }  // namespace velmorankite

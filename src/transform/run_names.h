@@ -1,9 +1,11 @@
-// Names of the files of a transform run that outlast it: the log, the power spectrum, and the
-// padded and FFT grids that a later run can use again.
+// Names of the files of a transform run that outlast it: the log, the power spectrum, the
+// components of a field, and the padded and FFT grids that a later run can use again.
 // SPDX-License-Identifier: MIT
 #pragma once
-#include <cstdint>
+#include <array>
+#include <filesystem>
 #include <string>
+#include <string_view>
 
 #include "transform/transform_request.h"
 
@@ -26,5 +28,8 @@ struct reuse_names {
 // Names of the saved grids for a reuse base that is not blank: its stem, how the plane was taken
 // out, the padding width.
 [[nodiscard]] reuse_names name_reuse(const transform_request& request);
+
+// The names under which the three components of a field are put out beside an output grid.
+[[nodiscard]] std::array<std::filesystem::path, 3> component_names(std::string_view out_grid);
 
 }  // namespace velmorankite

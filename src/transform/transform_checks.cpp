@@ -4,14 +4,12 @@
 #include <algorithm>
 #include <filesystem>
 #include <iterator>
-#include <span>
 #include <vector>
 
 #include "formats/companion_file.h"
 #include "grid/cell_position.h"
 #include "platform/file_tests.h"
 #include "platform/padded_text.h"
-#include "transform/derived_maps.h"
 #include "transform/log_line.h"
 #include "transform/power_spectrum.h"
 #include "transform/run_names.h"
@@ -36,8 +34,10 @@ Status check_names(const transform_request& request, TransformLog& log) {
 std::vector<std::filesystem::path> side_products(const transform_request& request,
                                                  const filter_parameters& parameters) {
   const reuse_names saved = name_reuse(request);
-  std::vector<std::filesystem::path> products{
-      saved.padded, saved.spectrum, power_file_name(name_run(request).power_stem, parameters)};
+  std::vector<std::filesystem::path> products{saved.padded, saved.spectrum};
+  if (request.power_file) {
+    products.push_back(power_file_name(name_run(request).power_stem, parameters));
+  }
   if (request.filter == filter_vrmi) {
     std::ranges::copy(component_names(request.out_grid), std::back_inserter(products));
   }
@@ -140,6 +140,27 @@ Status check_padding(const transform_request& request, TransformLog& log) {
   return success;
 }
 
+// Loads the parameter set; what the catalogue has against the call is in the log.
+Status load_filter(const transform_request& request, TransformLog& log,
+                   filter_parameters& parameters) {
+  const Status loaded =
+      TRSFLT(request.filter, request.filter_width, request.detrend_mode(), request.fft_mode,
+             request.hi_cut, request.lo_cut, request.azimuth, request.int_par, request.real_par,
+             request.grid.reals.x_cell, request.grid.reals.y_cell, parameters,
+             [&log](std::string_view line) { log.line(line); });
+  const bool off_the_disk =
+      request.fft_mode < 0 && (traits_of(request.filter).roads & road_disk) == 0;
+  if (off_the_disk) {
+    log.line(
+        log_line("This filter is not supported for disk based FFT mode: ", request.filter_width));
+  }
+  if (loaded.failed() || off_the_disk) {
+    log.line("There was a problem with the filter parameters");
+    return transform_filter_refused;
+  }
+  return success;
+}
+
 }  // namespace
 
 bool is_input(const std::filesystem::path& path, const transform_request& request) {
@@ -156,23 +177,17 @@ Status check_request(const transform_request& request, TransformLog& log,
   log.line(log_line("Filter index : ", request.filter, request.fft_mode, request.detrend_mode(),
                     request.detrend_scope()));
   log.line(std::string("Output file: ").append(platform::without_padding(request.out_grid)));
-  using check = Status (*)(const transform_request&, TransformLog&);
-  constexpr check checks[] = {check_grid, check_padding, check_availability};
-  for (const check one : checks) {
-    if (const Status status = one(request, log); status.failed()) {
-      return status;
-    }
+  if (const Status status = check_grid(request, log); status.failed()) {
+    return status;
   }
-  const std::span<const std::int32_t, integer_parameters> options(request.int_par.data(),
-                                                                  integer_parameters);
-  const Status loaded =
-      TRSFLT(request.filter, request.filter_width, request.detrend_mode(), request.fft_mode,
-             request.hi_cut, request.lo_cut, request.azimuth, options, request.real_par,
-             request.grid.reals.x_cell, request.grid.reals.y_cell, parameters,
-             [&log](std::string_view line) { log.line(line); });
-  if (loaded.failed()) {
-    log.line("There was a problem with the filter parameters");
-    return transform_filter_refused;
+  if (const Status status = check_padding(request, log); status.failed()) {
+    return status;
+  }
+  if (const Status status = load_filter(request, log, parameters); status.failed()) {
+    return status;
+  }
+  if (const Status status = check_availability(request, log); status.failed()) {
+    return status;
   }
   return keep_files_apart(request, parameters, log);
 }

@@ -10,9 +10,6 @@
 
 namespace velmorankite {
 
-inline constexpr std::int32_t filter_hole_fill = 112;
-inline constexpr std::int32_t filter_vrmi = 212;
-
 // Whether a file of the run would fall on the input grid, or on a file that belongs to it.
 [[nodiscard]] bool is_input(const std::filesystem::path& path, const transform_request& request);
 

@@ -17,7 +17,6 @@
 #include "platform/padded_text.h"
 #include "platform/scratch_file.h"
 #include "transform/convolution_road.h"
-#include "transform/derived_maps.h"
 #include "transform/log_line.h"
 #include "transform/memory_road.h"
 #include "transform/output_grid.h"
@@ -138,9 +137,11 @@ Status filter_in_memory(transform_run& run, const platform::BinaryFile& input,
   if (run.request.filter == filter_vrmi) {
     put_out_components(run, road, plan);
   }
-  const run_names names = name_run(run.request);
-  write_power_file(power_file_name(names.power_stem, run.parameters), road.power,
-                   run.parameters.CellX);
+  if (run.request.power_file) {
+    const run_names names = name_run(run.request);
+    write_power_file(power_file_name(names.power_stem, run.parameters), road.power,
+                     run.parameters.CellX);
+  }
   return success;
 }
 

@@ -22,7 +22,6 @@ class TransformLog {
   void line(std::string_view text);
   // Closes the file until the next line.
   void pause();
-  [[nodiscard]] const std::filesystem::path& path() const noexcept { return path_; }
 
  private:
   std::filesystem::path path_;

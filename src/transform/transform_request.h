@@ -7,6 +7,7 @@
 
 #include "condition/padded_grid.h"
 #include "formats/grid_description.h"
+#include "transform/trs_filter.h"
 
 namespace velmorankite {
 
@@ -29,8 +30,9 @@ struct transform_request {
   float hi_cut = 0.0F;            // cutoffs, in (0, 1] where they act
   float lo_cut = 0.0F;
   float azimuth = 0.0F;  // degrees
-  std::array<std::int32_t, 4> int_par{};
-  std::array<float, 8> real_par{};
+  std::array<std::int32_t, integer_parameters> int_par{};
+  std::array<float, real_parameters> real_par{};
+  bool power_file = true;  // whether the FFT road leaves a power spectrum
 
   [[nodiscard]] std::int32_t detrend_mode() const noexcept { return detrend % 10; }
   [[nodiscard]] bool keeps_plane() const noexcept { return detrend_mode() >= detrend_keeps_plane; }

@@ -58,6 +58,11 @@ struct filter_parameters {
   std::string_view ShortName;  // goes into the name of the power spectrum file
 };
 
+// Whether a cutoff acts: one above 0 and at most 1.
+[[nodiscard]] constexpr bool is_cutoff(float cutoff) noexcept {
+  return cutoff > 0.0F && cutoff <= 1.0F;
+}
+
 // Sets the direction cosines from Par2 (inclination) and Par1 (declination) of the field and Par4
 // and Par3 of the remanence. The downward cosines are kept at least 0.01 away from 0.
 void MAGDIRCOS(filter_parameters& parameters);
@@ -67,6 +72,23 @@ void set_direction(filter_parameters& parameters, double degrees);
 
 inline constexpr std::int32_t first_filter = 100;
 inline constexpr std::int32_t last_filter = 212;
+inline constexpr std::int32_t first_asymmetric_filter = 200;  // their operators have a phase
+
+// Indices that the engine itself asks for or tells apart.
+inline constexpr std::int32_t filter_continuation = 101;
+inline constexpr std::int32_t filter_vertical_derivative = 102;
+inline constexpr std::int32_t filter_magnetic_layer = 103;
+inline constexpr std::int32_t filter_total_gradient = 106;
+inline constexpr std::int32_t filter_euler = 107;
+inline constexpr std::int32_t filter_angle_map = 109;
+inline constexpr std::int32_t filter_vertical_integral = 111;
+inline constexpr std::int32_t filter_hole_fill = 112;
+inline constexpr std::int32_t filter_horizontal_derivative = 204;
+inline constexpr std::int32_t filter_vrmi = 212;
+// The components of the field from the total field: a caller cannot ask for them.
+inline constexpr std::int32_t filter_field_x = 312;
+inline constexpr std::int32_t filter_field_y = 313;
+inline constexpr std::int32_t filter_field_z = 314;
 
 inline constexpr Status filter_index_invalid{-2001};
 inline constexpr Status derivative_order_invalid{-2204};
@@ -142,11 +164,6 @@ struct filter_traits {
   gradient_use gradient = gradient_use::none;
   std::uint8_t roads = 0;
 };
-
-// Indices that only the roads themselves use: components of the field from the total field.
-inline constexpr std::int32_t filter_field_x = 312;
-inline constexpr std::int32_t filter_field_y = 313;
-inline constexpr std::int32_t filter_field_z = 314;
 
 // The traits of an index; those of an identity filter for an index that is in no table.
 [[nodiscard]] const filter_traits& traits_of(std::int32_t index) noexcept;

@@ -63,12 +63,6 @@ TEST(DerivedMaps, and_the_passes_to_them_are_chosen_by_the_filter_and_its_option
   }
 }
 
-TEST(DerivedMaps, components_are_named_beside_the_output) {
-  EXPECT_EQ(component_names("a_WDtmp.x_WDtmp.grd.grd  ")[0], "a_WDtmp.x_Tx.grd");
-  EXPECT_EQ(component_names("/v1.2/plain")[1], "/v1.2/plain_Ty.grd");
-  EXPECT_EQ(component_names("/v1.2/a.b.grd")[2], "/v1.2/a.b_Tz.grd");
-}
-
 // An input with holes: the mean is that of the valid cells alone, and the whole window loses it.
 TEST(GradientStage, mean_is_taken_over_the_valid_cells) {
   const auto hill = [](double x, double y) {

@@ -41,5 +41,11 @@ TEST(RunNames, logs_and_saved_grids_are_named_after_the_output_or_the_reuse_base
   }
 }
 
+TEST(RunNames, components_stand_beside_the_output) {
+  EXPECT_EQ(component_names("a_WDtmp.x_WDtmp.grd.grd  ")[0], "a_WDtmp.x_Tx.grd");
+  EXPECT_EQ(component_names("/v1.2/plain")[1], "/v1.2/plain_Ty.grd");
+  EXPECT_EQ(component_names("/v1.2/a.b.grd")[2], "/v1.2/a.b_Tz.grd");
+}
+
 }  // namespace
 }  // namespace velmorankite
