@@ -33,16 +33,6 @@ bool is_possible(const fill_request& request) {
          fits(input.y_count, request.row_offset, request.y_count);
 }
 
-Lattice working_lattice(const fill_request& request) {
-  const grid_reals& input = request.input.reals;
-  return {input.x_min - request.column_offset * input.x_cell,
-          input.y_min - request.row_offset * input.y_cell,
-          input.x_cell,
-          input.y_cell,
-          request.x_count,
-          request.y_count};
-}
-
 // Level 0, and the array that it is held in if that is none of the caller's.
 struct base_level {
   platform::LargeArray<float> cells;
@@ -148,7 +138,8 @@ Status GRDMIPMAP(const fill_request& request, std::int64_t& filled_count,
   if (in_place || request.cells.empty()) {
     check_float_grid(input, request.input);
   }
-  const Lattice lattice = working_lattice(request);
+  const Lattice lattice = around(lattice_of(request.input), request.column_offset,
+                                 request.row_offset, request.x_count, request.y_count);
   const input_placement placement{layout_of(request.input), request.column_offset,
                                   request.row_offset};
   const level_storage storage{most_cells_in_memory, request.input.ints.storage_sense,

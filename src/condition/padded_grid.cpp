@@ -46,15 +46,6 @@ bool pads_enclose(const pad_request& request, const grid_description& grid) {
          std::int64_t{request.row_pad} + grid.ints.y_count <= request.y_count;
 }
 
-Lattice padded_lattice(const grid_description& grid, const pad_request& request) {
-  Lattice lattice = lattice_of(grid);
-  lattice.x_min -= request.column_pad * lattice.x_cell;
-  lattice.y_min -= request.row_pad * lattice.y_cell;
-  lattice.x_count = request.x_count;
-  lattice.y_count = request.y_count;
-  return lattice;
-}
-
 // Takes the plane from the valid cells of a row, the first of which lies at X 0, and makes
 // dummies of the others.
 VELMORANKITE_VECTOR_CLONES void take_plane(float* cells, std::size_t count, const plane& trend,
@@ -246,7 +237,8 @@ Status GRDPAD(std::string_view input, const std::filesystem::path& padded,
   if (!pads_enclose(request, grid)) {
     return pad_size_impossible;
   }
-  job.padded = padded_lattice(grid, request);
+  job.padded = around(lattice_of(grid), request.column_pad, request.row_pad, request.x_count,
+                      request.y_count);
   job.to = {job.from.storage_sense, request.x_count, request.y_count};
 
   platform::ScratchFile guard(padded);

@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "condition/plane_fit.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace velmorankite {
 namespace {
 
 constexpr double smallest_determinant = static_cast<double>(1.0E-6F);
+// Of its largest product. Samples on one line leave in it what rounding left of the sums, which
+// grows with the units of x and y and passes any limit that does not.
+constexpr double smallest_share = 1.0E-11;
 
 }  // namespace
 
@@ -19,7 +23,8 @@ plane solve_plane(const plane_sums& s, float mean_without_samples) noexcept {
   const double c23 = s.x * s.y - s.n * s.xy;
   const double c33 = s.n * s.xx - s.x * s.x;
   const double determinant = s.n * c11 + s.x * c12 + s.y * c13;
-  if (std::abs(determinant) > smallest_determinant) {
+  const double smallest = std::max(smallest_determinant, smallest_share * s.n * s.xx * s.yy);
+  if (std::abs(determinant) > smallest) {
     return {static_cast<float>((c11 * s.z + c12 * s.xz + c13 * s.yz) / determinant),
             static_cast<float>((c12 * s.z + c22 * s.xz + c23 * s.yz) / determinant),
             static_cast<float>((c13 * s.z + c23 * s.xz + c33 * s.yz) / determinant)};

@@ -29,6 +29,24 @@ struct Lattice {
   friend constexpr bool operator==(const Lattice&, const Lattice&) = default;
 };
 
+// A lattice of x_count by y_count cells that has `columns` and `rows` of its own ahead of `inner`.
+[[nodiscard]] constexpr Lattice around(const Lattice& inner, std::int32_t columns,
+                                       std::int32_t rows, std::int32_t x_count,
+                                       std::int32_t y_count) noexcept {
+  return {inner.x_min - columns * inner.x_cell,
+          inner.y_min - rows * inner.y_cell,
+          inner.x_cell,
+          inner.y_cell,
+          x_count,
+          y_count};
+}
+
+// Whether two positions or cell sizes count as one, in map units: what saved grids are held to.
+[[nodiscard]] constexpr bool agree(double a, double b) noexcept {
+  constexpr double tolerance = 1.0E-6;
+  return a - b <= tolerance && b - a <= tolerance;
+}
+
 // X of all columns, in map units.
 [[nodiscard]] inline std::vector<double> x_of_columns(const Lattice& lattice) {
   std::vector<double> x(static_cast<std::size_t>(lattice.x_count));

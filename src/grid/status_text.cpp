@@ -148,11 +148,11 @@ constexpr status_row rows[] = {
     {"TRSD", -1008, "the holes of the grid cannot be filled"},
     {"TRSD", -1010,
      "a filter that does not exist, or parameters that it does not take; the log has more"},
-    {"TRSD", -1012, "FFT: a padded grid of so many cells cannot be held"},
-    {"TRSD", -1013, "convolution: a padded grid of so many cells cannot be held"},
+    {"TRSD", -1012, "FFT: a padded grid of so many cells cannot be held, or the disk has no room"},
+    {"TRSD", -1013, "convolution: a padded grid of so many cells cannot be held, or the disk has no room"},
     {"TRSD", -1015, "no memory for the FFT array"},
     {"TRSD", -1016, "the padded grid cannot be made"},
-    {"TRSD", -1023, "the convolution operator cannot be designed"},
+    {"TRSD", -1023, "the convolution operator cannot be designed, or is larger than the padded grid"},
 };
 
 constexpr std::int32_t no_last = std::numeric_limits<std::int32_t>::min();

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/file_tests.h"
 
+#include <algorithm>
 #include <exception>
+#include <limits>
 #include <system_error>
 #include <vector>
 
@@ -25,6 +27,13 @@ std::int64_t bytes_of_file(const std::filesystem::path& path) {
   std::error_code failure;
   const std::uintmax_t bytes = std::filesystem::file_size(path, failure);
   return failure ? -1 : static_cast<std::int64_t>(bytes);
+}
+
+std::int64_t free_bytes(const std::filesystem::path& folder) {
+  constexpr std::uintmax_t most = std::numeric_limits<std::int64_t>::max();
+  std::error_code failure;
+  const std::filesystem::space_info space = std::filesystem::space(folder, failure);
+  return static_cast<std::int64_t>(failure ? most : std::min(space.available, most));
 }
 
 bool same_file(const std::filesystem::path& a, const std::filesystem::path& b) {

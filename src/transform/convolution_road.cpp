@@ -37,9 +37,9 @@ Status pass(std::int32_t filter_width, const convolution_grids& grids,
 Status run_convolution_road(const transform_request& request, platform::BinaryFile& padded,
                             const RowLayout& layout, filter_parameters& parameters,
                             TransformLog& log) {
-  // Half the operator must fit beside a cell; this also keeps a wild width from taking memory.
+  // The operator must fit in the padded grid; this also keeps a wild width from taking memory.
   if (request.filter_width < 1 ||
-      request.filter_width > std::min(layout.x_count, layout.y_count) / 2) {
+      2 * std::int64_t{request.filter_width} - 1 > std::min(layout.x_count, layout.y_count)) {
     log.line(log_line("Convolution coefficient calculation failed: ", operator_size_invalid.code));
     return transform_design_failed;
   }

@@ -88,15 +88,6 @@ Status plan_fft(std::int32_t columns, std::int32_t rows, std::int32_t PadWidth,
   return success;
 }
 
-Lattice padded_lattice(const Lattice& lattice, const fft_geometry& geometry) {
-  return {lattice.x_min - geometry.pad * lattice.x_cell,
-          lattice.y_min - geometry.pad * lattice.y_cell,
-          lattice.x_cell,
-          lattice.y_cell,
-          geometry.nxp,
-          geometry.nyp};
-}
-
 void read_window_row(std::span<const float> array, const fft_geometry& geometry, std::int32_t row,
                      std::span<float> cells) {
   const float* const words = array.data() + geometry.padded_row(row);

@@ -56,9 +56,6 @@ struct fft_geometry {
 Status plan_fft(std::int32_t columns, std::int32_t rows, std::int32_t PadWidth,
                 fft_geometry& geometry);
 
-// The lattice of the padded grid of a grid on `lattice`.
-[[nodiscard]] Lattice padded_lattice(const Lattice& lattice, const fft_geometry& geometry);
-
 // The real parts of one row of the padded grid (from 1 at the lowest Y): nxp cells.
 void read_window_row(std::span<const float> array, const fft_geometry& geometry, std::int32_t row,
                      std::span<float> cells);

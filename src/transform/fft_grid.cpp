@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "transform/fft_grid.h"
 
-#include <cmath>
 #include <string>
 
 #include "formats/describe_grid.h"
@@ -14,10 +13,6 @@ namespace velmorankite {
 namespace {
 
 constexpr std::int64_t first_word = standard_header_bytes + 1;
-
-bool agree(double a, double b) {
-  return std::abs(a - b) <= 1.0E-6;  // map units
-}
 
 bool has_size(const std::filesystem::path& path, const fft_geometry& geometry,
               const log_sink& log) {

@@ -124,8 +124,8 @@ void log_variable_vrmi(filter_loading& loading, const filter_step& /*step*/) {
 // Brings the azimuth into [0, 360).
 void normalise_phase_azimuth(filter_loading& loading, const filter_step& /*step*/) {
   float& azimuth = loading.parameters.Azim;
-  loading.log(log_line("Azim: ", azimuth));
   azimuth = azimuth < 0.0F ? azimuth + 360.0F : std::fmod(azimuth, 360.0F);
+  loading.log(log_line("Azim: ", azimuth));
 }
 
 }  // namespace velmorankite::steps

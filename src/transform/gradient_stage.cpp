@@ -127,7 +127,8 @@ gradient_passes gradient_passes_of(const filter_parameters& p) {
 
 gradient_work_grids make_work_grids(const fft_run& run) {
   gradient_work_grids work;
-  const Lattice lattice = padded_lattice(run.lattice, run.geometry);
+  const fft_geometry& g = run.geometry;
+  const Lattice lattice = around(run.lattice, g.pad, g.pad, g.nxp, g.nyp);
   work.layout = {sense_bottom_up, lattice.x_count, lattice.y_count};
   for (platform::BinaryFile& grid : work.grids) {
     grid = platform::BinaryFile::anonymous();

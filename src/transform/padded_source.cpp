@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "transform/padded_source.h"
 
-#include <cmath>
-
 #include "condition/detrend.h"
 #include "condition/padded_grid.h"
 #include "formats/describe_grid.h"
@@ -24,11 +22,6 @@ std::string_view sense_line(std::int32_t storage_sense) {
                "Oasis)";
 }
 
-bool near(double a, double b) {
-  constexpr double tolerance = 1.0E-6;
-  return std::abs(a - b) <= tolerance;
-}
-
 // Whether a saved padded grid has the lattice, the sense and the detrending that this run wants.
 bool fits(const grid_description& saved, const transform_request& request,
           const transform_input& input, const fft_geometry& geometry) {
@@ -42,9 +35,9 @@ bool fits(const grid_description& saved, const transform_request& request,
                            mine.z_spread >= static_cast<double>(valid_threshold);
   return saved.ints.x_count == geometry.nxp && saved.ints.y_count == geometry.nyp &&
          saved.ints.storage_sense == input.grid.ints.storage_sense &&
-         near(mine.x_cell, wanted.x_cell) && near(mine.y_cell, wanted.y_cell) &&
-         near(mine.x_min + geometry.pad * mine.x_cell, wanted.x_min) &&
-         near(mine.y_min + geometry.pad * mine.y_cell, wanted.y_min) && mode_fits && facts_known;
+         agree(mine.x_cell, wanted.x_cell) && agree(mine.y_cell, wanted.y_cell) &&
+         agree(mine.x_min + geometry.pad * mine.x_cell, wanted.x_min) &&
+         agree(mine.y_min + geometry.pad * mine.y_cell, wanted.y_min) && mode_fits && facts_known;
 }
 
 bool is_consistent(const std::string& saved, const transform_request& request,

@@ -118,7 +118,7 @@ class RespDerivZ {
   explicit RespDerivZ(const filter_parameters& p)
       : cell_(std::sqrt(p.CellX * p.CellY)),
         order_(static_cast<double>(p.Par1)),
-        at_zero_(std::pow(0.0, order_)) {}
+        at_zero_(order_ == 0.0 ? 1.0 : 0.0) {}
 
   double operator()(double u, double v) const {
     const double wavenumber = TwoPi * radius(u, v) / cell_;
@@ -129,7 +129,7 @@ class RespDerivZ {
  private:
   double cell_;
   double order_;
-  double at_zero_;
+  double at_zero_;  // of a negative order too, where the power has no value
 };
 
 // Vertical integral of order Par1, with a ramp below LoCut.

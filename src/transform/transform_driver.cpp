@@ -59,13 +59,23 @@ Status fill_holes(transform_run& run) {
   return {static_cast<std::int32_t>(std::min(filled, most))};
 }
 
+Status refuse_padded_grid(const transform_run& run) {
+  const Status status = run.request.fft_mode == fft_mode_convolution ? transform_row_memory
+                                                                     : transform_row_memory_fft;
+  run.log.line(log_line("Allocation of padded grid arrays failed : ", status.code));
+  return status;
+}
+
+// Whether the current folder, where its scratch file stands, can take the padded grid.
+bool has_room(const fft_geometry& g) {
+  return std::int64_t{sizeof(float)} * g.nxp * g.nyp + standard_header_bytes <=
+         platform::free_bytes(".");
+}
+
 Status plan(transform_run& run) {
   const grid_ints& ints = run.input.grid.ints;
   if (plan_fft(ints.x_count, ints.y_count, run.request.pad_width, run.geometry).failed()) {
-    const Status status = run.request.fft_mode == fft_mode_convolution ? transform_row_memory
-                                                                       : transform_row_memory_fft;
-    run.log.line(log_line("Allocation of padded grid arrays failed : ", status.code));
-    return status;
+    return refuse_padded_grid(run);
   }
   const fft_geometry& g = run.geometry;
   if (run.request.fft_mode != fft_mode_convolution) {
@@ -191,7 +201,10 @@ Status filter_grid(transform_run& run) {
   if (!status.failed() && run.request.fft_mode != fft_mode_convolution) {
     status = allocate_array(run);
   }
-  return status.failed() ? status : filter_padded(run);
+  if (status.failed()) {
+    return status;
+  }
+  return has_room(run.geometry) ? filter_padded(run) : refuse_padded_grid(run);
 }
 
 Status run_filter(transform_run& run) {

@@ -77,6 +77,25 @@ TEST_F(Detrend, samples_that_determine_no_plane_give_their_mean) {
   ASSERT_EQ(GRID_DETREND_PLANE(fit_scope::all_cells, name("row.grd"), "", mean, trend), success);
   EXPECT_EQ(trend.a, 2.5F);
   EXPECT_EQ(trend.b, 0.0F);
+  // Lines of samples whose coordinates are no whole numbers: rounding must not pass for a slope.
+  using place = bool (*)(std::int32_t column, std::int32_t row);
+  for (const place on_line : {place([](int column, int) { return column == 11; }),
+                              place([](int, int row) { return row == 7; }),
+                              place([](int column, int row) { return column == row; })}) {
+    for (const std::int32_t sense : {1, -2}) {
+      write_grid(
+          folder / "line.grd", {0.0, 0.0, 30.1, 7.3, 30, 40},
+          [&](int column, int row) {
+            return on_line(column, row) ? 100.0F + 0.1F * static_cast<float>(column + row) : dummy;
+          },
+          sense);
+      ASSERT_EQ(GRID_DETREND_PLANE(fit_scope::all_cells, name("line.grd"), "", mean, trend),
+                success);
+      EXPECT_NEAR(trend.a, mean, 1.0E-4F);
+      EXPECT_EQ(trend.b, 0.0F);
+      EXPECT_EQ(trend.c, 0.0F);
+    }
+  }
   // No row or column has two valid cells: no sample, so the mean of the cells themselves.
   write_grid(folder / "diagonal.grd", {0.0, 0.0, 1.0, 1.0, 4, 4}, [](int column, int row) {
     return column == row ? static_cast<float>(column) : dummy;

@@ -368,6 +368,12 @@ TEST_F(Transform, refusals_have_a_status_and_a_line_and_make_no_grid) {
        },
        {-1013},
        "arrays failed : -1013"},
+      {[](auto& r) {
+         r.pad_width = 0x2000000;  // a padded grid of more than any disk holds
+         r.fft_mode = 0;
+       },
+       {-1013},
+       "arrays failed : -1013"},
       {[](auto& r) { r.pad_width = 0x100000; },  // an array of 512 TiB
        {-1015},
        "There was a problem allocating the work array: -1015\nDeallocate\n"}};

@@ -97,7 +97,7 @@ TEST(FilterCatalogue, each_filter_logs_its_title_and_then_its_fields) {
        {"horizontal grad", "Order: 1", "Direction: 90", "Grid azim: 15",
         "High Frequency Cutoff: 0.75"},
        "HG"},
-      {{211, {}, {}, 0.0F, 0.0F, -90.0F}, {"Phase flip: ", "Azim: -90"}, "PhaseFlip"},
+      {{211, {}, {}, 0.0F, 0.0F, -90.0F}, {"Phase flip: ", "Azim: 270"}, "PhaseFlip"},
       {{212, {0, 1, 1}, {25.0F, 60.0F, 100.0F, 0.0F, 0.0F, 1.0F}},
        {"TMI VRMI: ", "Incl, Dec: 60 25", "Stabilization Applied: Yes", "Layer thickness: 100",
         "Multilayer: Yes", "Variable VRMI: Yes"},
