@@ -48,25 +48,6 @@ level_summary build_rows(LevelRows& level, std::int32_t reach, const row_maker& 
   return {count, count > 0 ? sum / static_cast<float>(count) : 0.0F};
 }
 
-// Mean of the valid nodes of level 0 within one cell of a node of level 1, the dummy if none is.
-//   rows    the up to three rows of level 0 round the node.
-//   column  the node's column on level 0, which may be one past the last.
-float mean_nearby(std::span<const std::span<const float>> rows, std::int64_t column) {
-  double sum = 0.0;
-  int count = 0;
-  for (const std::span<const float> cells : rows) {
-    const auto last = std::min(column + 1, static_cast<std::int64_t>(cells.size()));
-    for (std::int64_t c = std::max<std::int64_t>(column - 1, 1); c <= last; ++c) {
-      const float value = cells[static_cast<std::size_t>(c - 1)];
-      if (is_valid(value)) {
-        sum += static_cast<double>(value);
-        ++count;
-      }
-    }
-  }
-  return count > 0 ? static_cast<float>(sum / count) : dummy;
-}
-
 // Gives the blank nodes of a row of level 1 the mean of the cells near them.
 void widen_row(LevelRows& level_0, std::int32_t row, std::span<float> cells) {
   std::vector<std::span<const float>> nearby;
@@ -83,6 +64,22 @@ void widen_row(LevelRows& level_0, std::int32_t row, std::span<float> cells) {
 }
 
 }  // namespace
+
+float mean_nearby(std::span<const std::span<const float>> rows, std::int64_t column) {
+  double sum = 0.0;
+  int count = 0;
+  for (const std::span<const float> cells : rows) {
+    const auto last = std::min(column + 1, static_cast<std::int64_t>(cells.size()));
+    for (std::int64_t c = std::max<std::int64_t>(column - 1, 1); c <= last; ++c) {
+      const float value = cells[static_cast<std::size_t>(c - 1)];
+      if (is_valid(value)) {
+        sum += static_cast<double>(value);
+        ++count;
+      }
+    }
+  }
+  return count > 0 ? static_cast<float>(sum / count) : dummy;
+}
 
 level_summary build_level(LevelRows& finer, LevelRows& level, std::int32_t reach) {
   LevelInterpolation decimation(level.lattice(), finer);

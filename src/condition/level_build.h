@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 #include <cstdint>
+#include <span>
 
 #include "condition/level_rows.h"
 
@@ -20,5 +21,10 @@ level_summary build_level(LevelRows& finer, LevelRows& level, std::int32_t reach
 // The same for a grid whose data lie on even rows or columns, which level 1 would miss: a node
 // without a value takes the mean of the valid cells within one cell of it.
 level_summary build_widened_level(LevelRows& level_0, LevelRows& level_1, std::int32_t reach);
+
+// Mean of the valid cells of level 0 within one cell of a node of level 1, the dummy if none is.
+//   rows    the up to three rows of level 0 round the node.
+//   column  the node's column on level 0, from 1, which may be one past the last.
+[[nodiscard]] float mean_nearby(std::span<const std::span<const float>> rows, std::int64_t column);
 
 }  // namespace velmorankite

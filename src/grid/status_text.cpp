@@ -138,8 +138,9 @@ constexpr status_row rows[] = {
      "an element size other than 1, 2 and 4, a count below 1 or a spacing not above 0"},
     {"SETBUFFPOS", -1, "an offset below 0"},
     {"TRSD", -1001,
-     "a grid has no name or is both input and output, its storage sense is neither 1 nor -2, or a "
-     "cell size is not above 0"},
+     "a grid has no name, a file of the run would replace the input or the output, the storage "
+     "sense "
+     "is neither 1 nor -2, or a cell size is not above 0"},
     {"TRSD", -1002, "the filter is not available on this road in this version"},
     {"TRSD", -1003, "the padding width is not above 0"},
     {"TRSD", -1004, "FftMode is above 1"},
@@ -149,10 +150,12 @@ constexpr status_row rows[] = {
     {"TRSD", -1010,
      "a filter that does not exist, or parameters that it does not take; the log has more"},
     {"TRSD", -1012, "FFT: a padded grid of so many cells cannot be held, or the disk has no room"},
-    {"TRSD", -1013, "convolution: a padded grid of so many cells cannot be held, or the disk has no room"},
+    {"TRSD", -1013,
+     "convolution: a padded grid of so many cells cannot be held, or the disk has no room"},
     {"TRSD", -1015, "no memory for the FFT array"},
     {"TRSD", -1016, "the padded grid cannot be made"},
-    {"TRSD", -1023, "the convolution operator cannot be designed, or is larger than the padded grid"},
+    {"TRSD", -1023,
+     "the convolution operator cannot be designed, or is larger than the padded grid"},
 };
 
 constexpr std::int32_t no_last = std::numeric_limits<std::int32_t>::min();

@@ -50,7 +50,7 @@ class DefinitionsReader {
  private:
   [[nodiscard]] platform::IoError ended(const std::string& meaning) const {
     return malformed_line(reader_.path(), reader_.line_number() + 1,
-                          meaning + " expected, the file ends");
+                          meaning + " expected, the file ends (it should have 13 lines)");
   }
   void next(std::int64_t line) { file_line_.at(++line_) = line; }
 

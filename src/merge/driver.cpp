@@ -69,7 +69,7 @@ class MergeRun {
 
   void say(std::string_view line) const { output_.console(line); }
   void remark(const std::filesystem::path& path, std::string_view words) const {
-    std::string text = path.string();
+    std::string text = path.empty() ? "a blank name" : path.string();
     output_.remarks(text.append(": ").append(words));
   }
 

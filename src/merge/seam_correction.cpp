@@ -2,15 +2,18 @@
 #include "merge/seam_correction.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstddef>
 
+#include "condition/level_build.h"
 #include "condition/multi_level_fill.h"
 #include "formats/describe_grid.h"
 #include "grid/cell_interpolation.h"
 #include "grid/dummy.h"
 #include "grid/scratch_names.h"
 #include "grid/standard_header.h"
+#include "grid/status_text.h"
 #include "merge/seam_mismatch.h"
 #include "platform/binary_file.h"
 #include "platform/large_array.h"
@@ -25,10 +28,60 @@ namespace {
 // Rounds to the nearest cell; just short of a half, so that a point half way goes to the lower.
 constexpr double nearest_cell = static_cast<double>(1.49999F);
 
-std::size_t cell_index(double offset, double cell_size, std::int32_t count) {
+std::int64_t cell_index(double offset, double cell_size, std::int32_t count) {
   const double place =
       std::clamp(offset / cell_size + nearest_cell, 1.0, static_cast<double>(count));
-  return static_cast<std::size_t>(place) - 1;
+  return static_cast<std::int64_t>(place) - 1;
+}
+
+// A cell of the window, columns and rows counted from 0.
+struct window_cell {
+  std::int64_t column;
+  std::int64_t row;
+
+  // The fill of the window goes on from every second column and row.
+  [[nodiscard]] bool is_node() const {
+    return column >= 0 && row >= 0 && column % 2 == 0 && row % 2 == 0;
+  }
+};
+
+window_cell cell_of(const line_values& points, std::size_t i, const Lattice& window) {
+  return {cell_index(points.x[i] - window.x_min, window.x_cell, window.x_count),
+          cell_index(points.y[i] - window.y_min, window.y_cell, window.y_count)};
+}
+
+std::size_t index_of(window_cell cell, const Lattice& window) {
+  return static_cast<std::size_t>(cell.row * window.x_count + cell.column);
+}
+
+struct node_value {
+  std::size_t index;
+  float value;
+};
+
+float mean_round(window_cell node, const Lattice& window, std::span<const float> cells) {
+  std::array<std::span<const float>, 3> rows;
+  std::size_t count = 0;
+  const auto width = static_cast<std::size_t>(window.x_count);
+  const std::int64_t last = std::min(node.row + 1, std::int64_t{window.y_count} - 1);
+  for (std::int64_t row = std::max(node.row - 1, std::int64_t{0}); row <= last; ++row) {
+    rows[count++] = cells.subspan(static_cast<std::size_t>(row) * width, width);
+  }
+  return mean_nearby(std::span(rows).first(count), node.column + 1);
+}
+
+// The nodes within one cell of a cell that have no value, with the mean of the cells round them.
+void add_nodes_round(window_cell cell, const Lattice& window, std::span<const float> cells,
+                     std::vector<node_value>& nodes) {
+  for (std::int64_t row = cell.row - 1; row <= cell.row + 1; ++row) {
+    for (std::int64_t column = cell.column - 1; column <= cell.column + 1; ++column) {
+      const window_cell near{column, row};
+      if (near.is_node() && column < window.x_count && row < window.y_count &&
+          !is_valid(cells[index_of(near, window)])) {
+        nodes.push_back({index_of(near, window), mean_round(near, window, cells)});
+      }
+    }
+  }
 }
 
 line_values residuals_of(const seam_band& band, std::span<const float> grid_1,
@@ -76,6 +129,7 @@ bool write_spread_residuals(const line_values& points, const Lattice& window,
   platform::LargeArray<float> cells(static_cast<std::size_t>(window.cell_count()));
   std::fill(cells.begin(), cells.end(), dummy);
   place_on_window(points, window, cells.span());
+  reach_nodes(points, window, cells.span());
   std::int64_t filled_count = 0;
   if (fill_levels(cells.span(), window, filled_count).failed()) {
     return false;
@@ -122,11 +176,27 @@ std::vector<float> smooth_along_line(std::span<const float> residuals, std::int3
 void place_on_window(const line_values& points, const Lattice& window, std::span<float> cells) {
   for (std::size_t i = 0; i < points.value.size(); ++i) {
     if (is_valid(points.value[i])) {
-      const std::size_t column =
-          cell_index(points.x[i] - window.x_min, window.x_cell, window.x_count);
-      const std::size_t row = cell_index(points.y[i] - window.y_min, window.y_cell, window.y_count);
-      cells[row * static_cast<std::size_t>(window.x_count) + column] = points.value[i];
+      cells[index_of(cell_of(points, i, window), window)] = points.value[i];
     }
+  }
+}
+
+void reach_nodes(const line_values& points, const Lattice& window, std::span<float> cells) {
+  constexpr std::size_t longest_stretch = 8;
+  const std::size_t count = points.value.size();
+  std::vector<node_value> reached;
+  std::size_t begin = 0;  // of the points since the last node
+  for (std::size_t i = 0; i <= count; ++i) {
+    if (i < count && !cell_of(points, i, window).is_node()) {
+      continue;
+    }
+    for (std::size_t k = begin; i - begin > longest_stretch && k < i; ++k) {
+      add_nodes_round(cell_of(points, k, window), window, cells, reached);
+    }
+    begin = i + 1;
+  }
+  for (const node_value& node : reached) {
+    cells[node.index] = node.value;
   }
 }
 
@@ -151,10 +221,12 @@ Status build_seam_correction(const stitch_parameters& parameters, const seam_ban
   // Both go if the continuation fails.
   platform::ScratchFile grid(output);
   platform::ScratchFile log(name_run(request).log);
-  if (GRDRDH(request.in_grid, request.grid, texts).failed() || TRSD(request, range).failed() ||
-      GRDRDH(output, correction.description, texts).failed()) {
-    why = "the continuation of the correction by " +
-          std::to_string(parameters.correction_distance) + " map units failed";
+  Status status = GRDRDH(request.in_grid, request.grid, texts);
+  if (!status.failed()) {
+    status = TRSD(request, range);
+  }
+  if (status.failed() || GRDRDH(output, correction.description, texts).failed()) {
+    why = "the continuation of the correction failed: " + status_words("TRSD", status);
     return correction_impossible;
   }
   correction.path = output;

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
+#include <filesystem>
 #include <optional>
 #include <span>
 #include <vector>
@@ -13,6 +15,7 @@
 #include "merge/marked_weight.h"
 #include "merge/merge_rule.h"
 #include "merge/seam.h"
+#include "platform/file_tests.h"
 #include "platform/scratch_file.h"
 
 namespace velmorankite {
@@ -184,6 +187,19 @@ void write_grid(const Lattice& lattice, MergedRows& rows, platform::StagedFile& 
   output.commit();
 }
 
+bool has_room(const std::filesystem::path& path, const Lattice& lattice, std::string& why) {
+  constexpr std::int64_t mega = 1000000;
+  const auto cell_bytes = static_cast<std::int64_t>(sizeof(float));
+  const std::int64_t bytes = standard_header_bytes + cell_bytes * lattice.cell_count();
+  const std::int64_t room = platform::free_bytes(std::filesystem::absolute(path).parent_path());
+  if (bytes <= room) {
+    return true;
+  }
+  why = path.string() + " takes " + std::to_string(bytes / mega) + " MB, the disk has " +
+        std::to_string(room / mega) + " left";
+  return false;
+}
+
 }  // namespace
 
 Status GRIDSTITCH(const stitch_parameters& parameters, const input_grid& grid_1,
@@ -195,6 +211,9 @@ Status GRIDSTITCH(const stitch_parameters& parameters, const input_grid& grid_1,
   }
   // First of all, so that a place that cannot be written costs no work and leaves no report.
   platform::StagedFile output(parameters.output_path);
+  if (!has_room(output.target(), parameters.lattice, why)) {
+    return stitch_impossible;
+  }
   seam measured;
   if (GRDSTITCHW(parameters, grid_1, grid_2, line, measured, why).failed()) {
     return stitch_impossible;

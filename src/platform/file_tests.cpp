@@ -46,10 +46,12 @@ bool same_place(const std::filesystem::path& a, const std::filesystem::path& b) 
   if (a.empty() || b.empty()) {
     return false;
   }
-  std::error_code failure;
-  const auto place = [&failure](const std::filesystem::path& path) {
-    return std::filesystem::weakly_canonical(std::filesystem::absolute(link_target(path), failure),
-                                             failure);
+  // A folder that may not be entered has no canonical name: then the name as it is written counts.
+  const auto place = [](const std::filesystem::path& path) {
+    std::error_code failure;
+    const std::filesystem::path written = std::filesystem::absolute(link_target(path), failure);
+    const std::filesystem::path canonical = std::filesystem::weakly_canonical(written, failure);
+    return failure ? written.lexically_normal() : canonical;
   };
   return same_file(a, b) || place(a) == place(b);
 }

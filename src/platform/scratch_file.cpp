@@ -164,7 +164,10 @@ void StagedFile::commit() {
 
 void remove_scratch_on_signals() {
   for (const int signal_number : {SIGINT, SIGTERM, SIGHUP}) {
-    std::signal(signal_number, remove_scratch_and_end);
+    // One that the caller has the program ignore, as nohup does, stays ignored.
+    if (std::signal(signal_number, SIG_IGN) != SIG_IGN) {
+      std::signal(signal_number, remove_scratch_and_end);
+    }
   }
 }
 

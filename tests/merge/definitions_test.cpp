@@ -124,7 +124,7 @@ TEST_F(Definitions, what_is_malformed_is_refused_with_its_line) {
        "expected, \"abc\" found"},
       {13, "2000.0 6000.0 25.0",
        "line 14: lattice_y_min, lattice_y_max, lattice_cell_y and the integer lattice_ny "
-       "expected, the file ends"},
+       "expected, the file ends (it should have 13 lines)"},
   };
   for (const example& e : examples) {
     lines = sound;
@@ -132,9 +132,9 @@ TEST_F(Definitions, what_is_malformed_is_refused_with_its_line) {
     EXPECT_EQ(refusal(), e.refusal);
   }
   lines.assign(sound.begin(), sound.begin() + 2);
-  EXPECT_EQ(refusal(), "line 3: path of grid 2 expected, the file ends");
+  EXPECT_EQ(refusal(), "line 3: path of grid 2 expected, the file ends (it should have 13 lines)");
   lines.clear();
-  EXPECT_EQ(refusal(), "line 1: title expected, the file ends");
+  EXPECT_EQ(refusal(), "line 1: title expected, the file ends (it should have 13 lines)");
   EXPECT_THROW((void)read_definitions(folder / "missing.trs"), platform::IoError);
 }
 

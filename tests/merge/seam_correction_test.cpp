@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <cmath>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "grid/dummy.h"
@@ -89,8 +90,8 @@ class DriftingSeam : public ::testing::Test {
     return {name, testing::describe(name)};
   }
 
-  Status stitch() {
-    line = {{600.0, 600.0, 600.0}, {0.0, 800.0, 1600.0}};
+  Status stitch(std::vector<double> x = {600.0, 600.0, 600.0}) {
+    line = {std::move(x), {0.0, 800.0, 1600.0}};
     return GRIDSTITCH(parameters, grid_1, grid_2, line, summary, why);
   }
 
@@ -130,6 +131,18 @@ TEST_F(DriftingSeam, a_drift_over_many_correction_distances_is_taken_out_along_t
   EXPECT_EQ(folder.names(),
             (names{"merged.grd", "one.grd", "seam_mismatch.dat", "seam_stitch_grid_smooth.grd",
                    "seam_stitch_grid_smooth_trs.log", "two.grd"}));
+}
+
+// The fill of the window goes on from every second column and row: a line between them, or one that
+// drifts slowly over them, must not be lost to it.
+TEST_F(DriftingSeam, is_corrected_wherever_its_line_lies_between_columns_and_rows) {
+  for (const double x : {600.0, 610.0}) {
+    for (const double half_turn : {0.0, 2.5, 5.0, 15.0, -50.0, 300.0}) {  // of the line, map units
+      ASSERT_EQ(stitch({x - half_turn, x, x + half_turn}), success) << why;
+      EXPECT_LT(summary.mismatch.rms_corrected, 0.4 * summary.mismatch.rms_after)
+          << x << " " << half_turn;
+    }
+  }
 }
 
 TEST_F(DriftingSeam, grid_1_moves_the_other_way_when_it_is_the_one_to_be_adjusted) {
