@@ -7,6 +7,7 @@
 #include <cmath>
 #include <string>
 
+#include "grid/standard_header.h"
 #include "support/failing_system.h"
 #include "support/grids.h"
 #include "support/temporary_folder.h"
@@ -69,6 +70,46 @@ TEST_F(Detrend, mean_is_of_all_valid_cells_and_line_ends_count_their_corners_twi
   EXPECT_NEAR(trend.b, 1.8F, 1E-6F);
   EXPECT_NEAR(trend.c, 1.8F, 1E-6F);
   EXPECT_NEAR(trend.a, 18.0F / 12.0F - 3.6F, 1E-6F);
+  // The earlier form has the eight cells round the middle, each of them once.
+  ASSERT_EQ(GRID_DETREND_OLD(name("in.grd"), name("out.grd"), mean, trend), success);
+  EXPECT_NEAR(trend.b, 1.5F, 1E-6F);
+  EXPECT_NEAR(trend.c, 1.5F, 1E-6F);
+  EXPECT_NEAR(trend.a, 9.0F / 8.0F - 3.0F, 1E-6F);
+}
+
+TEST_F(Detrend, cells_that_end_no_line_do_not_pull_at_the_plane_of_the_line_ends) {
+  // A plane at the ends of rows and columns, which begin and end in different places, and 1000
+  // everywhere else, in the top right corner too: alone in its row and its column.
+  const auto valid = [](int column, int row) {
+    return (column == 9 && row == 7) || (column >= 1 && column <= 8 && row >= 1 && row <= 6 &&
+                                         column + 2 * row > 6 && column + row < 13);
+  };
+  const auto inner = [&](int column, int row) {
+    return valid(column - 1, row) && valid(column + 1, row) && valid(column, row - 1) &&
+           valid(column, row + 1);
+  };
+  write_grid(folder / "in.grd", lattice, [&](int column, int row) {
+    return !valid(column, row) ? std::nanf("")
+           : inner(column, row) || row == 7
+               ? 1000.0F
+               : 3.0F + 5.0F * static_cast<float>(column - 1) + 10.0F * static_cast<float>(row - 1);
+  });
+  double sum = 0.0;
+  int count = 0;
+  for (const float cell : read_grid(folder / "in.grd")) {
+    sum += is_valid(cell) ? static_cast<double>(cell) : 0.0;
+    count += is_valid(cell) ? 1 : 0;
+  }
+  for (const auto& detrend : {GRID_DETREND, GRID_DETREND_OLD}) {
+    ASSERT_EQ(detrend(name("in.grd"), name("out.grd"), mean, trend), success);
+    EXPECT_NEAR(trend.a, 3.0F, 1E-3F);
+    EXPECT_NEAR(trend.b, 0.5F, 1E-4F);
+    EXPECT_NEAR(trend.c, 2.0F, 1E-4F);
+    const std::vector<float> residual = read_grid(folder / "out.grd");
+    EXPECT_NEAR(mean, sum / count, 1E-3);
+    EXPECT_NEAR(residual[3 * 9 + 4], 1000.0F - 53.0F, 1E-2F);
+    EXPECT_FALSE(is_valid(residual[6 * 9 + 5]));
+  }
 }
 
 TEST_F(Detrend, samples_that_determine_no_plane_give_their_mean) {
@@ -103,6 +144,12 @@ TEST_F(Detrend, samples_that_determine_no_plane_give_their_mean) {
   ASSERT_EQ(GRID_DETREND(name("diagonal.grd"), "", mean, trend), success);
   EXPECT_EQ(trend.a, 2.5F);
   EXPECT_EQ(trend.c, 0.0F);
+  ASSERT_EQ(GRID_DETREND_OLD(name("diagonal.grd"), name("out.grd"), mean, trend), success);
+  EXPECT_EQ(trend.a, 2.5F);
+  write_grid(folder / "one.grd", {0.0, 0.0, 1.0, 1.0, 4, 4},
+             [](int column, int row) { return column == 2 && row == 3 ? 6.0F : dummy; });
+  ASSERT_EQ(GRID_DETREND(name("one.grd"), "", mean, trend), success);
+  EXPECT_EQ(trend.a, 6.0F);
 }
 
 TEST_F(Detrend, grids_that_cannot_be_fitted_or_written_have_their_own_status) {
@@ -111,6 +158,8 @@ TEST_F(Detrend, grids_that_cannot_be_fitted_or_written_have_their_own_status) {
   write_grid(folder / "blank.grd", lattice, [](int, int) { return std::nanf(""); });
   EXPECT_EQ(GRID_DETREND(name("blank.grd"), name("out.grd"), mean, trend), detrend_no_valid_cell);
   EXPECT_EQ(mean, 0.0F);
+  EXPECT_EQ(GRID_DETREND_OLD(name("blank.grd"), name("out.grd"), mean, trend),
+            detrend_no_valid_cell);
   EXPECT_EQ(folder.names(), names{"blank.grd"});
   write_grid(folder / "in.grd", lattice, sloping);
   EXPECT_EQ(GRID_DETREND(name("in.grd"), name("no/out.grd"), mean, trend),
@@ -130,14 +179,35 @@ TEST_F(Detrend, grids_that_cannot_be_fitted_or_written_have_their_own_status) {
   EXPECT_EQ(folder.names(), (names{"blank.grd", "in.grd", "out_trend.grd"}));
 }
 
+TEST_F(Detrend, the_outputs_take_the_scaling_and_the_statistics_of_the_input) {
+  write_grid(folder / "in.grd", lattice, sloping);
+  standard_header header = float_grid_header(lattice);
+  header.z_base = 7.0;
+  header.stat_min = 1.0F;
+  header.stat_max = 2.0F;
+  header.stat_median = 3.0F;
+  platform::BinaryFile file(folder / "in.grd", platform::open_mode::read_write);
+  OUTPUT_GEOSOFT_HEADER(file, header);
+  file.close();
+  ASSERT_EQ(GRID_DETREND(name("in.grd"), name("out.grd"), mean, trend), success);
+  for (const char* output : {"out.grd", "out_trend.grd"}) {
+    const platform::BinaryFile written(folder / output, platform::open_mode::read);
+    standard_header of;
+    ASSERT_EQ(READ_GEOSOFT_HEADER(written, of), success);
+    EXPECT_EQ((std::vector<double>{of.z_base, of.z_mult, of.stat_min, of.stat_max, of.stat_median,
+                                   of.stat_mean}),
+              (std::vector<double>{7.0, 1.0, 8.0, 9.0, 10.0, 10.0}));
+  }
+}
+
 TEST_F(Detrend, names_of_the_plane_follow_from_the_first_dot_of_the_file) {
   const std::filesystem::path sub = folder / "a.b";
   std::filesystem::create_directory(sub);
   write_grid(folder / "in.grd", lattice, sloping);
-  for (const char* output : {"a.b/mag_WDtmp.1.grd", "a.b/mag.x.grd", "a.b/plain"}) {
+  for (const char* output : {"a.b/mag_WDtmp.1.grd", "a.b/map.x.grd", "a.b/plain"}) {
     ASSERT_EQ(GRID_DETREND(name("in.grd"), name(output), mean, trend), success);
   }
-  for (const char* expected : {"mag_trend.grd", "_trend.grd", "plain"}) {
+  for (const char* expected : {"mag_trend.grd", "map_trend.grd", "_trend.grd", "plain"}) {
     EXPECT_TRUE(std::filesystem::exists(sub / expected)) << expected;
   }
 }

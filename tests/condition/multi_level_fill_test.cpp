@@ -104,6 +104,18 @@ TEST(MultiLevelFill, blank_cell_between_nodes_takes_the_cubic_through_the_nodes)
   }
 }
 
+// Rows are searched for blanks by blocks of 64 cells.
+TEST(MultiLevelFill, a_lone_blank_is_found_in_whatever_column_it_lies) {
+  for (std::int32_t blank = 1; blank <= 150; ++blank) {
+    plain_level level = level_of({0.0, 0.0, 1.0, 1.0, 150, 9}, [&](int column, int row) {
+      return column == blank && row == 5 ? dummy : 3.0F;
+    });
+    std::int64_t count = 0;
+    ASSERT_EQ(fill_levels(level.cells, level.lattice, count), success);
+    EXPECT_EQ(level.at(blank, 5), 3.0F) << blank;
+  }
+}
+
 TEST(MultiLevelFill, few_cells_spread_their_mean_over_the_grid) {
   // On a node of level 1, between the nodes, and in an even row: two cells each, or the same twice.
   const std::array<std::int32_t, 4> places[] = {

@@ -3,9 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cmath>
 #include <span>
+#include <utility>
 #include <vector>
 
 #include "condition/edge_taper.h"
@@ -35,9 +37,9 @@ class PaddedGrid : public ::testing::Test {
     request.taper = true;
     request.taper_width = 4;
     request.column_pad = 13;
-    request.row_pad = 13;
+    request.row_pad = 11;
     request.x_count = 38;
-    request.y_count = 35;
+    request.y_count = 31;
     request.average = 44.0F;
     request.trend = {41.0F, 0.25F, -0.5F};
   }
@@ -71,16 +73,29 @@ TEST_F(PaddedGrid, data_lie_in_the_middle_less_their_plane_and_the_edges_hold_th
           const int t = sense == 1 ? row - 1 : lattice.y_count - row + 1;
           const double plane = 41.0 + 0.25 * 10.0 * (column - 1) - 0.5 * 5.0 * t;
           const double expected = mode == 2 ? given : given - plane;
-          EXPECT_EQ(cells[cell_index(column + 13, row + 13, 38)], static_cast<float>(expected))
+          EXPECT_EQ(cells[cell_index(column + 13, row + 11, 38)], static_cast<float>(expected))
               << column << " " << row;
         }
       }
       for (std::int32_t column = 1; column <= 38; ++column) {
         EXPECT_EQ(cells[cell_index(column, 1, 38)], level);
-        EXPECT_EQ(cells[cell_index(column, 35, 38)], level);
+        EXPECT_EQ(cells[cell_index(column, 31, 38)], level);
       }
     }
   }
+}
+
+TEST_F(PaddedGrid, every_row_is_tapered_by_the_margins_of_both_axes_and_enters_the_range) {
+  request.taper = false;
+  std::vector<float> expected = padded(1);
+  for (std::int32_t row = 1; row <= 31; ++row) {
+    taper_row(std::span(expected).subspan(cell_index(1, row, 38), 38), row, 31,
+              taper_factors(13, 4), taper_factors(11, 4), 0.0F);
+  }
+  request.taper = true;
+  EXPECT_EQ(first_difference(expected, padded(1)), "");
+  EXPECT_EQ(range.smallest, *std::ranges::min_element(expected));
+  EXPECT_EQ(range.largest, *std::ranges::max_element(expected));
 }
 
 TEST_F(PaddedGrid, the_header_tells_a_later_run_what_it_was_made_with) {
@@ -92,7 +107,7 @@ TEST_F(PaddedGrid, the_header_tells_a_later_run_what_it_was_made_with) {
   const grid_reals& reals = grid.reals;
   EXPECT_EQ((std::vector<double>{reals.x_min, reals.y_min, reals.z_min, reals.z_max, reals.z_mid,
                                  reals.z_spread}),
-            (std::vector<double>{370.0, 835.0, 0.25, -0.5, 41.0, 44.0}));
+            (std::vector<double>{370.0, 845.0, 0.25, -0.5, 41.0, 44.0}));
 }
 
 TEST_F(PaddedGrid, held_by_rows_it_is_the_same_to_the_bit) {
@@ -106,7 +121,7 @@ TEST_F(PaddedGrid, held_by_rows_it_is_the_same_to_the_bit) {
 }
 
 TEST_F(PaddedGrid, made_in_lent_memory_it_is_the_same_and_what_lies_behind_it_stays) {
-  const std::size_t cells = 38 * 35;
+  const std::size_t cells = 38 * 31;
   const std::vector<float> own = padded(1);
   for (const std::size_t lent : {cells - 1, cells, cells + 2}) {
     std::vector<float> memory(cells + 2, 7.0F);
@@ -124,8 +139,15 @@ TEST_F(PaddedGrid, impossible_requests_and_failing_files_leave_nothing) {
   }
   write_grid(folder / "in.grd", lattice, field);
   const std::string input = (folder / "in.grd").string();
-  request.column_pad = 27;
-  EXPECT_EQ(GRDPAD(input, folder / "pad.grd", request, range), pad_size_impossible);
+  for (const auto& [column_pad, row_pad] : {std::pair{27, 11}, {13, 23}, {-1, 11}, {13, -1}}) {
+    request.column_pad = column_pad;
+    request.row_pad = row_pad;
+    EXPECT_EQ(GRDPAD(input, folder / "pad.grd", request, range), pad_size_impossible);
+  }
+  request.column_pad = 26;  // at the far corner of the padded grid
+  request.row_pad = 22;
+  EXPECT_EQ(GRDPAD(input, folder / "pad.grd", request, range), success);
+  std::filesystem::remove(folder / "pad.grd");
   // Every call of a small grid fails in its turn.
   request.column_pad = request.row_pad = 2;
   request.x_count = request.y_count = 8;
@@ -148,7 +170,7 @@ TEST(EdgeTaper, rises_from_nothing_at_the_edge_and_stays_within_the_margin) {
   const std::vector<float> factors = taper_factors(34, 11);
   ASSERT_EQ(factors.size(), 27U);
   EXPECT_EQ(factors[0], 0.0F);
-  EXPECT_NEAR(factors[13], (1.0 - std::cos(13.0 * 3.14159265 / 27.0)) / 2.0, 1E-6);
+  EXPECT_EQ(factors[13], (1.0F - std::cos(3.14159250F * 13.0F / 27.0F)) / 2.0F);
   EXPECT_EQ(taper_factors(2, 9).size(), 9U);
   std::vector<float> row(10, 8.0F);
   const std::vector<float> columns{0.0F, 0.5F};
@@ -156,8 +178,14 @@ TEST(EdgeTaper, rises_from_nothing_at_the_edge_and_stays_within_the_margin) {
   EXPECT_EQ(row, (std::vector<float>{4, 5, 6, 6, 6, 6, 6, 6, 5, 4}));
   taper_row(row, 3, 9, {}, columns, 4.0F);
   EXPECT_EQ(row[4], 6.0F);
+  taper_row(row, 8, 9, {}, columns, 4.0F);
+  EXPECT_EQ(row[4], 5.0F);
   taper_row(row, 9, 9, {}, columns, 4.0F);
   EXPECT_EQ(row[4], 4.0F);
+  // A grid of one column, and what lies behind it.
+  std::vector<float> narrow(3, 8.0F);
+  taper_row(std::span(narrow).first(1), 5, 9, columns, columns, 4.0F);
+  EXPECT_EQ(narrow, (std::vector<float>{4, 8, 8}));
 }
 
 }  // namespace

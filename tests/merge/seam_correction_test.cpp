@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cmath>
 #include <string>
@@ -28,10 +29,10 @@ TEST(SeamCorrection, half_width_follows_the_distance_within_the_length_of_the_li
     double x_cell;
     std::int32_t samples, expected;
   };
-  const example examples[] = {{1.0F, 10.0, 100, 5},  {19.9F, 10.0, 100, 5},
-                              {20.0F, 10.0, 100, 5}, {40.0F, 10.0, 100, 9},
-                              {95.0F, 10.0, 40, 20}, {100.0F, 10.0, 40, 10},
-                              {95.0F, 10.0, 30, 7},  {1.0E30F, 1.0E-9, 30, 7}};
+  const example examples[] = {
+      {1.0F, 10.0, 100, 5},   {19.9F, 10.0, 100, 5}, {20.0F, 10.0, 100, 5},
+      {20.0F, 10.0, 8, 2},    {40.0F, 10.0, 100, 9}, {95.0F, 10.0, 40, 20},
+      {100.0F, 10.0, 40, 10}, {95.0F, 10.0, 30, 7},  {1.0E30F, 1.0E-9, 30, 7}};
   for (const example& e : examples) {
     EXPECT_EQ(smoothing_half_width(e.distance, e.x_cell, e.samples), e.expected) << e.distance;
   }
@@ -55,6 +56,45 @@ TEST(SeamCorrection, values_go_to_the_cell_of_their_point_and_later_ones_win) {
                   window, cells);
   EXPECT_EQ(cells,
             (std::vector<float>{dummy, 1, 2, dummy, dummy, dummy, dummy, 6, 3, dummy, dummy, 4}));
+}
+
+// A ring of 120 samples about the middle of the window, with a residual just behind its start.
+TEST(SeamCorrection, counts_the_samples_that_both_grids_have_and_goes_on_round_a_closed_line) {
+  const testing::TemporaryFolder folder;
+  const testing::CurrentFolder inside(folder.path());
+  stitch_parameters parameters;
+  parameters.report_name = "seam.txt";
+  parameters.correction_distance = 10.0F;
+  parameters.lattice = {0.0, 0.0, 10.0, 10.0, 61, 61};
+  seam_band band;
+  band.window.lattice = parameters.lattice;
+  std::vector<float> grid_1(120);
+  std::vector<float> grid_2(120);
+  for (std::size_t i = 0; i < 120; ++i) {
+    const double angle = 2.0 * 3.14159265358979 * static_cast<double>(i) / 120.0;
+    band.sample_x.push_back(300.0 + 200.0 * std::cos(angle));
+    band.sample_y.push_back(300.0 + 200.0 * std::sin(angle));
+    grid_1[i] = i < 8 ? 12.0F : 0.0F;
+  }
+  grid_1[60] = grid_2[70] = dummy;
+  const auto at_the_start = [&](bool closed) {
+    band.closed = closed;
+    seam_correction correction;
+    std::string why;
+    EXPECT_EQ(build_seam_correction(parameters, band, grid_1, grid_2, correction, why), success)
+        << why;
+    const double rms = residual_rms(correction, band, grid_1, grid_2);
+    EXPECT_GT(rms, 0.0);
+    EXPECT_LT(rms, 4.0);
+    const std::vector<float> cells = read_grid(correction.path);
+    EXPECT_LT(*std::ranges::max_element(cells), 12.0F);
+    EXPECT_GT(*std::ranges::min_element(cells), -1.0F);
+    return cells[testing::cell_index(51, 31, 61)];  // of the first sample
+  };
+  EXPECT_LT(at_the_start(true), at_the_start(false) - 1.0F);
+  const std::string log = testing::read_file("seam_stitch_grid_smooth_trs.log");
+  EXPECT_NE(log.find("Filter index : 101 1 2 0\n"), std::string::npos);
+  EXPECT_NE(log.find("Allocate padded grid arrays : 129 129\n"), std::string::npos);
 }
 
 // Two grids of one field; grid 2 lies lower by a level and by a drift along the line, which runs

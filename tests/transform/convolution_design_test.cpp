@@ -99,7 +99,11 @@ TEST(SymmetricOperator, smoothing_windows_sum_to_one) {
     const std::vector<float> residual = symmetric(parameters_of(100, 0.0F, e.window, 1), 4);
     EXPECT_NEAR(gain(residual, 4, 0.0, 0.0), 0.0, 1.0E-6);
     EXPECT_EQ(residual[2], -weights[2]);
+    EXPECT_EQ(symmetric(parameters_of(100, 0.0F, e.window, 2), 4), weights);
   }
+  const std::vector<float> hamming = symmetric(parameters_of(100, 0.0F, 4), 5);
+  EXPECT_NEAR(hamming[4 * 5 + 3] / hamming[0], 0.08, 1.0E-6);  // right on the half width
+  EXPECT_NEAR(hamming[1] / hamming[0], 0.54 - 0.46 * std::cos(0.8 * Pi), 1.0E-6);
 }
 
 TEST(SymmetricOperator, strike_takes_the_mean_along_the_strike_from_that_of_the_area) {
@@ -215,6 +219,31 @@ TEST(FilterCoefficients, come_from_the_designer_of_their_index) {
   MAGDIRCOS(p);
   EXPECT_EQ(weights, asymmetric(p, 5));
   EXPECT_EQ(calculate(201, 25.0F, 60.0F, 0.0, 3), operator_size_invalid);
+  EXPECT_EQ(calculate(200, 0.0F, 0.0F, 0.0, 5), operator_without_response);
+}
+
+TEST(FilterCoefficients, take_every_parameter_to_its_field) {
+  struct example {
+    std::int32_t filter, opt_1, opt_2;
+    float low_cut, high_cut, par_3;
+  };
+  for (const example& e : {example{100, 2, 1, 0.0F, 0.0F, 0.0F},
+                           {111, 0, 0, 0.9F, 0.0F, 0.0F},
+                           {115, 0, 0, 0.0F, 0.0F, 0.0F},
+                           {204, 0, 0, 0.0F, 0.5F, 0.0F}}) {
+    std::vector<float> weights(e.filter < 200 ? 9 : 25);
+    ASSERT_EQ(CALC_FILTER_COEFFICIENTS(e.filter, e.opt_1, e.opt_2, e.low_cut, e.high_cut, 1.0F,
+                                       0.0F, e.par_3, 1.0, 1.0, 0.0, 5, 5, weights),
+              success);
+    filter_parameters p = parameters_of(e.filter, 1.0F, e.opt_1, e.opt_2);
+    p.LoCut = e.low_cut;
+    p.HiCut = e.high_cut;
+    p.Par3 = e.par_3;
+    EXPECT_EQ(weights, e.filter < 200 ? symmetric(p, 3) : asymmetric(p, 5)) << e.filter;
+    EXPECT_EQ(CALC_FILTER_COEFFICIENTS(e.filter, 0, 0, 0.0F, 0.0F, 1.0F, 0.0F, 0.0F, 1.0, 1.0, 0.0,
+                                       4, 4, weights),
+              operator_size_invalid);
+  }
 }
 
 }  // namespace

@@ -99,23 +99,24 @@ TEST(SymmetricConvolution, cells_are_summed_in_one_order_whatever_the_width_of_t
     }
     EXPECT_EQ(out[cell_index(x, y, 600)], sum) << x;
   }
+  EXPECT_EQ(out[cell_index(598, 5, 600)], dummy);
 }
 
 TEST(Convolution, does_not_reach_over_a_cell_without_data) {
   const auto holed = [](std::int32_t column, std::int32_t row) {
-    return column == 5 && row == 5 ? dummy : 1.0F;
+    return (row == 3 && (column == 4 || column == 5)) || (column == 14 && row == 8) ? dummy : 1.0F;
   };
-  const std::vector<float> ones(9, 1.0F);
-  Pattern symmetric(9, 9, holed);
-  Pattern asymmetric(9, 9, holed);
-  const std::vector<float> s = symmetric.symmetric({1.0F, 1.0F, 1.0F, 1.0F}, 2);
-  const std::vector<float> a = asymmetric.asymmetric(ones, 3);
-  for (std::int32_t row = 2; row <= 8; ++row) {
-    for (std::int32_t column = 2; column <= 8; ++column) {
-      const bool near = std::abs(column - 5) <= 1 && std::abs(row - 5) <= 1;
-      const std::size_t at = cell_index(column, row, 9);
-      EXPECT_EQ(s[at], near ? dummy : 9.0F);
-      EXPECT_EQ(a[at], near ? dummy : 9.0F);
+  // Weights of 2: a sum over a dummy is none.
+  Pattern symmetric(15, 13, holed);
+  Pattern asymmetric(15, 13, holed);
+  const std::vector<float> s = symmetric.symmetric(std::vector<float>(9, 2.0F), 3);
+  const std::vector<float> a = asymmetric.asymmetric(std::vector<float>(25, 2.0F), 5);
+  for (std::int32_t row = 3; row <= 11; ++row) {
+    for (std::int32_t column = 3; column <= 13; ++column) {
+      const bool near = (row <= 5 && column <= 7) || (std::abs(row - 8) <= 2 && column >= 12);
+      const std::size_t at = cell_index(column, row, 15);
+      EXPECT_EQ(s[at], near ? dummy : 50.0F) << column << ", " << row;
+      EXPECT_EQ(a[at], near ? dummy : 50.0F) << column << ", " << row;
     }
   }
   EXPECT_EQ(a[0], 0.0F);
@@ -177,8 +178,12 @@ TEST(AsymmetricConvolution, puts_the_weight_of_a_lag_that_far_from_a_spike) {
 TEST(Convolution, of_a_grid_smaller_than_the_operator_is_all_edge) {
   Pattern low(9, 4, spike);
   EXPECT_EQ(low.symmetric(std::vector<float>(9, 1.0F), 3), std::vector<float>(36, dummy));
+  Pattern lower(9, 3, spike);
+  EXPECT_EQ(lower.symmetric(std::vector<float>(9, 1.0F), 3), std::vector<float>(27, dummy));
   Pattern narrow(4, 9, spike);
   EXPECT_EQ(narrow.asymmetric(std::vector<float>(25, 1.0F), 5), std::vector<float>(36, 0.0F));
+  Pattern fitting(5, 5, spike);
+  EXPECT_EQ(fitting.asymmetric(std::vector<float>(25, 1.0F), 5)[12], 1.0F);
 }
 
 TEST(Convolution, that_cannot_read_or_write_is_an_error) {

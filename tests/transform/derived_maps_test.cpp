@@ -94,15 +94,60 @@ TEST(GradientStage, mean_is_taken_over_the_valid_cells) {
   // The other two keep theirs: the X derivative of the hill is what it is.
   read_row(work.grids[0], work.layout, 15, kept);
   const double x = run.lattice().x(17);
+  // What the third loses it loses everywhere, in the margin too.
+  const std::vector<float> vertical = run.filtered(102, {1.0F});
+  const auto lost = [&](std::int32_t row) {
+    read_row(work.grids[2], work.layout, row, kept);
+    return vertical[testing::cell_index(3, row, 40)] - kept[2];
+  };
+  EXPECT_GT(std::abs(lost(15)), 1.0E-4F);
+  EXPECT_NEAR(lost(1), lost(15), 1.0E-6F);
+  EXPECT_NEAR(lost(30), lost(15), 1.0E-6F);
+  read_row(work.grids[0], work.layout, 15, kept);
   EXPECT_NEAR(kept[16], -x / 25.0 * hill(x, run.lattice().y(15)), 1.0E-3);
+}
+
+TEST(GradientStage, components_of_a_field_lose_their_means) {
+  const auto hill = [](double x, double y) {
+    return std::exp(-(x * x + (y - 3) * (y - 3)) / 50.0);
+  };
+  for (const std::int32_t filter : {109, 212}) {
+    testing::GridRun run(40, 30, 1.0, 1.0, -2, hill);
+    run.load(filter, {25.0F, 60.0F}, {0, 0, filter == 109 ? 1 : 0});
+    run.forward();
+    const Lattice lattice = run.grid_lattice();
+    testing::write_grid(run.folder() / "in.grd", lattice,
+                        [](int column, int row) { return row > 9 && column < 20 ? 1.0F : dummy; });
+    const platform::BinaryFile input(run.folder() / "in.grd", platform::open_mode::read);
+    platform::BinaryFile spectrum = platform::BinaryFile::anonymous();
+    spectrum.write_values(513, std::span<const float>(run.array()));
+    gradient_work_grids work = make_work_grids(run.run());
+    FFTGRAD3(run.run(), 0.0F, input, {1, lattice.x_count, lattice.y_count}, spectrum, work);
+    const std::vector<float> third = run.window();
+    for (std::size_t n = 0; n < 3; ++n) {
+      double sum = 0.0;
+      for (std::int32_t row = 10; row <= lattice.y_count; ++row) {
+        std::vector<float> cells(40);
+        if (n < 2) {
+          read_row(work.grids[n], work.layout, row + 4, cells);
+        } else {
+          std::copy_n(&third[testing::cell_index(1, row + 4, 40)], 40, cells.begin());
+        }
+        for (std::size_t column = 5; column < 24; ++column)
+          sum += static_cast<double>(cells[column - 1]);
+      }
+      EXPECT_NEAR(sum, 0.0, 1.0E-4) << filter << " " << n;
+    }
+  }
 }
 
 TEST(GradientStage, rows_of_a_map_are_integrated_in_place) {
   const auto hill = [](double x, double y) { return std::exp(-(x * x + y * y) / 200.0); };
-  testing::GridRun run(64, 64, 1.0, 1.0, -2, hill);
+  testing::GridRun run(60, 50, 1.0, 1.0, -2, hill);
   const std::vector<float> expected = run.filtered(111, {1.0F});
   run.parameters().Par1 = 7.0F;
   run.parameters().HiCut = 0.5F;
+  run.parameters().LoCut = 0.5F;
   integrate_padded_grid(run.run(), 0.0F, run.file(), run.layout());
   run.file().close();
   EXPECT_EQ(testing::first_difference(expected, testing::read_grid(run.folder() / "padded.grd")),

@@ -94,6 +94,9 @@ TEST(FftGrid, of_another_geometry_is_deleted) {
                               {shifted(&Lattice::x_cell, 1.0), g, 2},
                               {shifted(&Lattice::y_cell, 1.0), g, 2},
                               {lattice, geometry_of(1, 5), 2},
+                              // other cells behind the same corner of the array
+                              {{350.0 + 6 * 26.0, -200.0, 26.0, 10.0, 3, 2}, g, 2},
+                              {{500.0, -270.0 + 7 * 11.0, 25.0, 11.0, 3, 2}, g, 2},
                               {lattice, geometry_of(3), 3}};  // not even of the same size
   for (const example& e : examples) {
     const TemporaryFolder folder;
@@ -109,6 +112,23 @@ TEST(FftGrid, of_another_geometry_is_deleted) {
     }
     EXPECT_TRUE(folder.names().empty());
   }
+}
+
+TEST(FftGrid, of_as_many_words_on_other_sides_or_of_more_is_deleted) {
+  fft_geometry wide;
+  fft_geometry high;
+  ASSERT_EQ(plan_fft(20, 2, 1, wide), success);  // 32 x 16 behind 2 columns and 3 rows
+  ASSERT_EQ(plan_fft(2, 20, 1, high), success);
+  const TemporaryFolder folder;
+  save_fft_grid(folder / "s.grd", lattice, wide, some_spectrum(wide));
+  Lattice same_corner = lattice;
+  same_corner.x_min += (high.origx - wide.origx) * lattice.x_cell;
+  same_corner.y_min += (high.origy - wide.origy) * lattice.y_cell;
+  EXPECT_FALSE(try_reuse(folder / "s.grd", same_corner, high).found);
+  EXPECT_TRUE(folder.names().empty());
+  save_fft_grid(folder / "s.grd", lattice, wide, some_spectrum(wide));
+  testing::write_file(folder / "s.grd", testing::read_file(folder / "s.grd") + "more");
+  EXPECT_FALSE(try_reuse(folder / "s.grd", lattice, wide).found);
 }
 
 TEST(FftGrid, that_cannot_be_read_is_deleted_and_of_a_missing_one_nothing_is_said) {

@@ -14,7 +14,7 @@
 namespace velmorankite {
 namespace {
 
-constexpr std::int32_t nx = 32;
+constexpr std::int32_t nx = 128;  // rows are worked on in stretches of 32
 constexpr std::int32_t ny = 16;
 
 // Place of the real part of an array element.
@@ -96,21 +96,56 @@ TEST(FftResponse, powers_are_gathered_by_the_distance_from_zero_frequency) {
   }
 }
 
+TEST(FftResponse, powers_of_every_kind_of_response_are_those_of_its_elements) {
+  for (const std::int32_t filter : {101, 110, 115, 204}) {  // even, none, by direction, complex
+    std::vector<float> array(std::size_t{2} * nx * ny);
+    for (std::size_t i = 0; i < array.size(); ++i)
+      array[i] = static_cast<float>(i * i % 13);
+    const std::vector<float> before = array;
+    filter_parameters p = parameters_of(filter);
+    PowerSpectrum power;
+    fftrsp(false, {nx, ny}, filter, p, array, power);
+    std::array<double, power_bins> input{};
+    std::array<double, power_bins> output{};
+    for (std::int32_t j = 0; j < ny; ++j) {
+      for (std::int32_t i = 0; i < nx; ++i) {
+        const double f = std::hypot((i < nx / 2 ? i : i - nx) / static_cast<double>(nx),
+                                    (j < ny / 2 ? j : j - ny) / static_cast<double>(ny));
+        if (f >= 0.5) continue;
+        const std::size_t at = element(i, j);
+        const auto square = [at](const std::vector<float>& of) {
+          return std::pow(of[at], 2.0) + std::pow(of[at + 1], 2.0);
+        };
+        input[static_cast<std::size_t>(f * 512.0)] += square(before);
+        output[static_cast<std::size_t>(f * 512.0)] += square(array);
+      }
+    }
+    for (std::size_t k = 0; k < power_bins; ++k) {
+      EXPECT_NEAR(power.input[k], input[k], 1.0E-5 * (1.0 + input[k])) << filter << ": " << k;
+      EXPECT_NEAR(power.output[k], output[k], 1.0E-5 * (1.0 + output[k])) << filter << ": " << k;
+    }
+  }
+}
+
 TEST(FftResponse, field_components_balance_the_first_element) {
   std::vector<float> array(std::size_t{2} * nx * ny);
   for (std::size_t i = 0; i < array.size(); ++i)
     array[i] = static_cast<float>(i % 7);
-  filter_parameters p = parameters_of(filter_field_z);
-  PowerSpectrum power;
-  fftrsp(true, {nx, ny}, filter_field_z, p, array, power);
-  double re = 0.0;
-  double im = 0.0;
-  for (std::size_t i = 2; i < array.size(); i += 2) {
-    re += static_cast<double>(array[i]);
-    im += static_cast<double>(array[i + 1]);
+  const std::vector<float> before = array;
+  for (const std::int32_t filter : {filter_field_x, filter_field_y, filter_field_z}) {
+    array = before;
+    filter_parameters p = parameters_of(filter);
+    PowerSpectrum power;
+    fftrsp(true, {nx, ny}, filter, p, array, power);
+    double re = 0.0;
+    double im = 0.0;
+    for (std::size_t i = 2; i < array.size(); i += 2) {
+      re += static_cast<double>(array[i]);
+      im += static_cast<double>(array[i + 1]);
+    }
+    EXPECT_NEAR(array[0], -re, 1.0E-6) << filter;
+    EXPECT_NEAR(array[1], -im, 1.0E-6) << filter;
   }
-  EXPECT_NEAR(array[0], -re, 1.0E-6);
-  EXPECT_NEAR(array[1], -im, 1.0E-6);
 }
 
 TEST(FftResponse, second_cross_derivative_leaves_the_direction_along_y) {

@@ -199,9 +199,11 @@ TEST_P(PotentialField, components_have_the_high_cut_of_the_run) {
   GridRun run = run_on(point_mass(6.0));
   run.high_cut = 1.0F;
   const std::vector<float> east = run.filtered(204, {1.0F, 90.0F});
-  const std::vector<float> x = components_of(run, 106, {}).x;
-  for (std::size_t i = 0; i < x.size(); i += 97) {
-    EXPECT_NEAR(x[i], east[i], 1.0E-8F) << i;
+  const std::vector<float> down = run.filtered(102, order_1);
+  const components found = components_of(run, 106, {});
+  for (std::size_t i = 0; i < found.x.size(); i += 97) {
+    EXPECT_NEAR(found.x[i], east[i], 1.0E-8F) << i;
+    EXPECT_NEAR(found.z[i], down[i], 1.0E-8F) << i;  // keeps its mean
   }
 }
 
@@ -246,20 +248,22 @@ TEST_P(PotentialField, total_gradient_of_the_integral_starts_from_the_integrated
 }
 
 TEST(GradientSpectrum, a_layer_is_taken_from_the_spectrum_ahead_of_its_components) {
-  GridRun run(60, 50, 2.0, 2.0, 1, point_mass(8.0));
-  run.load(212, {25.0F, 60.0F, 6.0F});
-  run.forward();
-  const std::vector<float> whole = run.array();
-  const platform::BinaryFile layer = prepare_gradient_spectrum(run.run());
-  ASSERT_TRUE(layer.is_open());
-  EXPECT_EQ(run.parameters().Par1, 25.0F);
-  EXPECT_EQ(run.parameters().Par2, 60.0F);
-  std::vector<float> read(whole.size());
-  read_fft_grid(layer, read);
-  EXPECT_EQ(read, run.array());
-  // Element (2, 1): a thickness of 6 is 3 cells.
-  const double k = TwoPi / 64.0;
-  EXPECT_NEAR(read[2], static_cast<double>(whole[2]) * (1.0 - std::exp(-3.0 * k)), 1.0E-6);
+  for (const std::int32_t layers : {0, 1}) {  // of several the thickness comes in cells
+    GridRun run(60, 50, 2.0, 4.0, 1, point_mass(8.0));
+    run.load(212, {25.0F, 60.0F, 6.0F}, {0, 0, layers});
+    run.forward();
+    const std::vector<float> whole = run.array();
+    const platform::BinaryFile layer = prepare_gradient_spectrum(run.run());
+    ASSERT_TRUE(layer.is_open());
+    EXPECT_EQ(run.parameters().Par1, 25.0F);
+    EXPECT_EQ(run.parameters().Par2, 60.0F);
+    std::vector<float> read(whole.size());
+    read_fft_grid(layer, read);
+    EXPECT_EQ(read, run.array());
+    // Element (2, 1): a thickness of 6 is 3 cells.
+    const double k = TwoPi / 64.0;
+    EXPECT_NEAR(read[2], static_cast<double>(whole[2]) * (1.0 - std::exp(-3.0 * k)), 1.0E-6);
+  }
 }
 
 }  // namespace

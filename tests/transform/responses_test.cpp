@@ -84,11 +84,15 @@ TEST(RadialResponses, smoothing_windows_fall_to_zero_at_the_nyquist_frequency) {
       {"roll-off: flat up to its knee", R::smooth, with({}), 0.4375, 0.0, 1.0},
       {"roll-off: half way down", R::smooth, with({}), 0.46875, 0.0, 0.5},
       {"roll-off as wide as HiCut says", R::smooth, cut(with({}), 1.0F), 0.4375, 0.0, 0.5},
+      {"roll-off wider than any cutoff", R::smooth, cut(with({}), 1.5F), 0.40625, 0.0, 0.5},
       {"corner", R::smooth, with({}, 4), 0.4, 0.4, 0.0},
-      {"zero frequency", R::smooth, with({}, 4), 0.0, 0.0, 1.0},
+      {"Hamming between", R::smooth, with({}, 4), 0.375, 0.0, 0.54 - 0.46 * std::sqrt(0.5)},
+      {"Hamming at the Nyquist frequency", R::smooth, with({}, 4), 0.5, 0.0, 0.08},
+      {"zero frequency", R::smooth, with({}, 2), 0.0, 0.0, 1.0},
       {"residual at zero frequency", R::smooth, with({}, 3, 1), 0.0, 0.0, 0.0},
       {"residual in the corner", R::smooth, with({}, 1, 1), 0.4, 0.4, 1.0},
       {"residual half way", R::smooth, with({}, 4, 1), quarter, 0.0, 0.46},
+      {"no residual", R::smooth, with({}, 4, 2), quarter, 0.0, 0.54},
   });
 }
 
@@ -110,12 +114,16 @@ TEST(RadialResponses, vertical_derivatives_and_integrals_are_powers_of_the_waven
   expect_values({
       {"order 1", R::vertical_derivative, first, 0.03, 0.04, k5 / 6.0},
       {"order 1.5", R::vertical_derivative, cells, 0.03, 0.04, std::pow(k5 / 6.0, 1.5)},
+      {"order 1.5 of the mean", R::vertical_derivative, cells, 0.0, 0.0, 0.0},
       {"no ramp on its own", R::vertical_derivative, cut(first, 0.1F), 0.03, 0.04, k5 / 6.0},
       {"integral", R::vertical_integral, cells, 0.03, 0.04, std::pow(k5 / 6.0, -1.5)},
       {"integral of the mean", R::vertical_integral, first, 0.0, 0.0, 1.0},
       {"with a low cut", R::vertical_integral, cut(first, 0.0F, 0.5F), 0.0, 0.0, 0.0},
       {"on the ramp", R::vertical_integral, cut(first, 0.0F, 0.8F), 0.03, 0.04, 0.5 * 6.0 / k5},
       {"above the ramp", R::vertical_integral, cut(first, 0.0F, 0.4F), 0.03, 0.04, 6.0 / k5},
+      {"no ramp without a cutoff", R::vertical_integral, cut(first, 0.0F, 1.5F), 0.03, 0.04,
+       6.0 / k5},
+      {"close to the mean", R::vertical_integral, first, 0.0, 1.1E-4, 6.0 / (TwoPi * 1.1E-4)},
       {"derivative of integral", R::vertical_derivative_of_integral, cells, 0.03, 0.04, 1.0},
   });
 }
@@ -160,7 +168,16 @@ TEST(DirectionalResponses, strike_filter_stops_waves_along_its_direction) {
       {"taper outer half", tapered, -155.0, 0.5 * (1.0 + std::sqrt(0.5))},
       {"taper inner half", tapered, 15.0, 0.5 * (1.0 - std::sqrt(0.5))},
       {"taper outside", tapered, 30.1, 1.0},
+      {"taper turned", strike_at(tapered, 30.0F), 50.0, 0.5},
       {"block of the whole circle", with({90.0F, 5.0F}), 60.0, 0.0},
+      {"across a block of the whole circle", with({90.0F, 5.0F}), 90.0, 0.5},
+      {"just inside the edge", sharp, -19.99995, 0.0},
+      {"just outside the edge", sharp, 20.00005, 1.0},
+      {"just inside it, the other way round", sharp, 160.00005, 0.0},
+      {"just inside it, the third way round", sharp, -160.00005, 0.0},
+      {"a roll-off below 0 widens the block", with({20.0F, -10.0F}), 25.0, 0.0},
+      {"just inside the widened block", with({20.0F, -10.0F}), 29.99995, 0.0},
+      {"no block", with({0.0F, 0.0F}), 0.0, 1.0},
   };
   for (const turn& t : turns) {
     const auto [u, v] = at(t.degrees, 0.05);
@@ -168,12 +185,15 @@ TEST(DirectionalResponses, strike_filter_stops_waves_along_its_direction) {
     const double shortness = roll_off > 0.0 ? 1.0 - std::exp(-roll_off * k5) : 1.0;
     expect_values({{t.what, R::strike, t.parameters, u, v, 1.0 - (1.0 - t.direction) * shortness}});
   }
-  expect_values({{"zero frequency", R::strike, sharp, 0.0, 0.0, 1.0}});
+  expect_values({{"zero frequency", R::strike, sharp, 0.0, 0.0, 1.0},
+                 {"on the edge", R::strike, with({45.0F, 0.0F}), 0.05, 0.05, 1.0}});
 }
 
 TEST(DirectionalResponses, tensor_components_and_their_inverses) {
   const double rr = 0.03 * 0.03 + 0.04 * 0.04;
   const P turned = facing(with({}, 0, -1), 90.0);  // the axes swap
+  const double c = std::sqrt(0.75);
+  const double s = 0.5;
   expect_values({
       {"cross term", R::tensor, with({}, 0, -4), 0.03, 0.04, -0.03 * 0.04 / rr},
       {"difference", R::tensor, with({}, 0, -3), 0.03, 0.04, -(9.0 - 16.0) / 25.0},
@@ -181,7 +201,10 @@ TEST(DirectionalResponses, tensor_components_and_their_inverses) {
       {"first pair", R::tensor, with({}, 0, -1), 0.03, 0.04, (18.0 + 16.0) / 25.0},
       {"others", R::tensor, with({}, 0, 0), 0.03, 0.04, (18.0 + 16.0) / 25.0},
       {"turned", R::tensor, turned, 0.03, 0.04, (32.0 + 9.0) / 25.0},
+      {"turned by 30 degrees", R::tensor, facing(with({}, 0, -4), 30.0), 0.03, 0.04,
+       -(0.03 * c + 0.04 * s) * (0.04 * c - 0.03 * s) / rr},
       {"zero frequency", R::tensor, with({}, 0, -1), 0.0, 0.0, 0.0},
+      {"close to it", R::tensor, with({}, 0, -1), 0.0, 5.0E-5, 1.0},
       {"nothing to divide by", R::tensor, with({}, 0, 4), 0.03, 0.0, 0.0},
       {"no difference", R::tensor, with({}, 0, 3), 0.03, 0.03, 0.0},
   });
@@ -212,6 +235,8 @@ TEST(DirectionalResponses, horizontal_derivatives_turn_the_phase_by_quarters) {
        0.04, std::sqrt(t / 2.0), -std::sqrt(t / 2.0)},
       {"order -1", R::horizontal_derivative, facing(celled(with({-1.0F}), 4.0, 9.0), 90.0), 0.03,
        0.04, 0.0, -1.0 / t},
+      {"order -2", R::horizontal_derivative, facing(celled(with({-2.0F}), 4.0, 9.0), 90.0), 0.03,
+       0.04, -1.0 / (t * t), 0.0},
       {"integral along a level", R::horizontal_derivative, facing(with({-1.0F}), 90.0), 0.0, 0.04,
        0.0, 0.0},
       {"on the ramp", R::horizontal_derivative, cut(facing(cells, 90.0), 1.0F), 0.3125, 0.0, 0.0,
@@ -241,7 +266,11 @@ TEST(DirectionalResponses, phase_flip_turns_the_two_sides_of_its_direction_apart
                  at("cubic behind the edge", 0.0F, -0.5, 0.125),
                  at("over the back", 350.0F, 60.0, -1.0),
                  at("angle turned", 90.0F, 175.0, -1.0),
-                 {"zero frequency", R::phase_flip, with({0.0F}), 0.0, 0.0, 0.0, 0.0}});
+                 at("close ahead of the edge", 0.0F, 2.0, -1.0),
+                 at("close behind the edge", 0.0F, -2.0, 1.0),
+                 at("over the front", -250.0F, 150.0, -1.0),
+                 at("on the edge over the back", 239.5F, 60.0, 0.125),
+                 {"zero frequency", R::phase_flip, with({30.0F}), 0.0, 0.0, 0.0, 0.0}});
 }
 
 // The direction of a field of dip I and azimuth D along the wave (u, v), over its downward part.

@@ -38,12 +38,14 @@ TEST(RunNames, logs_and_saved_grids_are_named_after_the_output_or_the_reuse_base
     const std::string stem = e.padded;
     EXPECT_EQ(name_reuse(r).padded, stem.empty() ? "" : stem + ".grd");
     EXPECT_EQ(name_reuse(r).spectrum, stem.empty() ? "" : stem + "_fft.grd");
+    r.fft_mode = fft_mode_convolution;
+    EXPECT_EQ(name_reuse(r).spectrum, "");
   }
 }
 
 TEST(RunNames, components_stand_beside_the_output) {
   EXPECT_EQ(component_names("a_WDtmp.x_WDtmp.grd.grd  ")[0], "a_WDtmp.x_Tx.grd");
-  EXPECT_EQ(component_names("/v1.2/plain")[1], "/v1.2/plain_Ty.grd");
+  EXPECT_EQ(component_names("/v1.2/plain  ")[1], "/v1.2/plain_Ty.grd");
   EXPECT_EQ(component_names("/v1.2/a.b.grd")[2], "/v1.2/a.b_Tz.grd");
 }
 

@@ -4,60 +4,25 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cerrno>
 #include <cmath>
-#include <functional>
 #include <string>
 #include <thread>
 #include <vector>
 
-#include "platform/io_error.h"
-#include "support/failing_system.h"
-#include "support/grids.h"
-#include "support/temporary_folder.h"
-#include "transform/run_names.h"
+#include "transform/transform_test.h"
 
 namespace velmorankite {
 namespace {
 
+using testing::attraction;
 using testing::describe;
+using testing::lattice;
 using testing::read_file;
 using testing::read_grid;
 using testing::write_grid;
 using names = std::vector<std::string>;
 
-constexpr Lattice lattice{100.0, 200.0, 2.0, 2.0, 61, 47};
-
-// Vertical attraction of a point mass `depth` below the middle of the grid, without units.
-float attraction(std::int32_t column, std::int32_t row, double depth) {
-  const double x = (column - 31) * lattice.x_cell;
-  const double y = (row - 24) * lattice.y_cell;
-  return static_cast<float>(1.0E4 * depth / std::pow(x * x + y * y + depth * depth, 1.5));
-}
-
-class Transform : public ::testing::Test {
- protected:
-  transform_request request(std::int32_t filter, float first = 0.0F, const char* input = "in.grd") {
-    transform_request r;
-    r.in_grid = (folder / input).string();
-    r.grid = describe(r.in_grid);
-    r.out_grid = (folder / "out.grd").string();
-    r.filter = filter;
-    r.pad_width = 8;
-    r.filter_width = 5;
-    r.detrend = 2;
-    r.fft_mode = fft_mode_memory;
-    r.real_par[0] = first;
-    return r;
-  }
-
-  Status run(const transform_request& r) { return TRSD(r, range); }
-  [[nodiscard]] std::string log() const { return read_file(folder / "out_trs.log"); }
-
-  testing::TemporaryFolder folder;
-  testing::CurrentFolder inside{folder.path()};
-  transform_range range;
-};
+class Transform : public testing::TransformTest {};
 
 TEST_F(Transform, a_field_continued_upwards_is_that_of_the_deeper_source_where_the_input_has_data) {
   for (const std::int32_t sense : {1, -2}) {
@@ -66,6 +31,9 @@ TEST_F(Transform, a_field_continued_upwards_is_that_of_the_deeper_source_where_t
         [](int c, int r) { return c == 20 && r == 30 ? dummy : attraction(c, r, 12.0); }, sense);
     ASSERT_EQ(run(request(101, 4.0F)), success);
     EXPECT_EQ(describe(folder / "out.grd").ints.storage_sense, sense);
+    EXPECT_NE(log().find(sense == 1 ? "Storage Sense :  1 (first element at bottom left"
+                                    : "Storage Sense : -2 (first element at top left"),
+              std::string::npos);
     const std::vector<float> out = read_grid(folder / "out.grd");
     for (std::int32_t row = 12; row <= 36; row += 4) {
       for (std::int32_t column = 16; column <= 46; column += 5) {
@@ -125,9 +93,14 @@ TEST_F(Transform, the_log_tells_the_steps_in_their_order) {
 }
 
 TEST_F(Transform, a_plane_is_left_out_put_back_or_kept_as_the_detrending_says) {
-  const auto slope = [](int c, int r) { return 50.0F + 0.5F * static_cast<float>(2 * c - r); };
+  // Cells that are not square, and none at the highest point.
+  const auto slope = [](int c, int r) {
+    return c == 61 && r == 1 ? dummy : 50.0F + 0.5F * static_cast<float>(2 * c - r);
+  };
+  Lattice oblong = lattice;
+  oblong.y_cell = 3.0;
   for (const std::int32_t sense : {1, -2}) {
-    write_grid(folder / "in.grd", lattice, slope, sense);
+    write_grid(folder / "in.grd", oblong, slope, sense);
     const std::vector<float> in = read_grid(folder / "in.grd");
     for (const std::int32_t detrend : {0, 1, 10, 11}) {
       transform_request r = request(101, 3.0F);
@@ -137,112 +110,59 @@ TEST_F(Transform, a_plane_is_left_out_put_back_or_kept_as_the_detrending_says) {
       for (std::size_t i = 0; i < out.size(); i += 97) {
         EXPECT_NEAR(out[i], detrend % 10 == 0 ? 0.0F : in[i], 2E-3F) << detrend;
       }
+      EXPECT_EQ(out[60], dummy);
+      EXPECT_EQ(range.OutMax, *std::ranges::max_element(out));
+      EXPECT_EQ(range.OutMin, *std::ranges::min_element(
+                                  out, {}, [](float z) { return is_valid(z) ? z : HUGE_VALF; }));
+      EXPECT_EQ(describe(folder / "out.grd").reals.z_min, static_cast<double>(range.OutMin));
+      EXPECT_NE(read_file(folder / "out_power_Continuation.dat").find("\n           2 "),
+                std::string::npos);
     }
   }
 }
 
-TEST_F(Transform, a_saved_spectrum_gives_the_same_file_as_a_computed_one) {
+TEST_F(Transform, a_total_gradient_takes_the_high_cut_and_its_integral_the_low_cut) {
   write_grid(folder / "in.grd", lattice, [](int c, int r) { return attraction(c, r, 9.0); });
-  transform_request r = request(102, 1.0F);
-  r.reuse = 1;
-  r.reuse_base = "mag.grd";
-  ASSERT_EQ(run(r), success);
-  const std::string computed = read_file(folder / "out.grd");
-  EXPECT_TRUE(std::filesystem::exists(folder / "mag_trs_ext_008.grd"));
-  ASSERT_TRUE(std::filesystem::exists(folder / "mag_trs_ext_008_fft.grd"));
-  ASSERT_EQ(run(r), success);
-  EXPECT_EQ(read_file(folder / "out.grd"), computed);
-  EXPECT_NE(log().find("Read the existing padded grid file\n"), std::string::npos);
-  EXPECT_NE(log().find("Read the saved FFT coefficients\n"), std::string::npos);
-  // Grids of another lattice are not taken for this one's.
-  write_grid(folder / "in.grd", {0.0, 0.0, 2.0, 2.0, 61, 47},
-             [](int c, int w) { return attraction(w, c, 9.0); });
-  r.grid = describe(r.in_grid);
-  ASSERT_EQ(run(r), success);
-  EXPECT_NE(log().find("inconsistent with definitions, so it will be regenerated\n"),
-            std::string::npos);
-  EXPECT_NE(read_file(folder / "out.grd"), computed);
-  // Without the wish to use them saved files are not looked at, and deleted at the end.
-  const std::string other = read_file(folder / "out.grd");
-  const std::string name = (folder / "mag_trs_ext_008_fft.grd").string();
-  std::string spectrum = read_file(name);
-  std::fill(spectrum.begin() + 512, spectrum.end(), '\0');
-  testing::write_file(name, spectrum);
-  r.reuse = 0;
-  ASSERT_EQ(run(r), success);
-  EXPECT_EQ(read_file(folder / "out.grd"), other);
-  EXPECT_FALSE(std::filesystem::exists(folder / "mag_trs_ext_008.grd"));
-  EXPECT_FALSE(std::filesystem::exists(folder / "mag_trs_ext_008_fft.grd"));
+  const auto gradient = [this](std::int32_t integrated, float high, float low,
+                               std::int32_t mode = fft_mode_memory) {
+    transform_request r = request(106);
+    r.fft_mode = mode;
+    r.int_par[1] = integrated;
+    r.hi_cut = high;
+    r.lo_cut = low;
+    EXPECT_EQ(run(r), success);
+    return read_file(folder / "out.grd");
+  };
+  const std::string plain = gradient(0, 0.0F, 0.0F);
+  EXPECT_EQ(gradient(0, 0.0F, 0.9F), plain);
+  EXPECT_NE(gradient(0, 0.9F, 0.0F), plain);
+  const std::string integral = gradient(1, 0.0F, 0.0F);
+  EXPECT_NE(integral, plain);
+  EXPECT_NE(gradient(1, 0.0F, 0.9F), integral);
+  EXPECT_NE(gradient(1, 0.0F, 0.0F, fft_mode_convolution),
+            gradient(0, 0.0F, 0.0F, fft_mode_convolution));
 }
 
-TEST_F(Transform, saved_grids_without_a_base_take_scratch_names_and_stay_where_they_are_kept) {
+TEST_F(Transform, cutoffs_and_azimuth_reach_their_fields) {
   write_grid(folder / "in.grd", lattice, [](int c, int r) { return attraction(c, r, 9.0); });
   transform_request r = request(106);
-  const names products{"in.grd", "out.grd", "out_power_AS.dat", "out_trs.log"};
-  struct example {
-    std::int32_t reuse;
-    names saved;
-  };
-  for (const example& e : {example{0, {}},
-                           {-1, {"~grdReUseFFT0000.tmp"}},
-                           {1, {"~grdReUseExt0000.tmp", "~grdReUseFFT0000.tmp"}}}) {
-    r.reuse = e.reuse;
-    ASSERT_EQ(run(r), success);
-    names expected = products;
-    expected.insert(expected.end(), e.saved.begin(), e.saved.end());
-    EXPECT_EQ(folder.names(), expected) << e.reuse;
-    for (const std::string& name : e.saved) {
-      std::filesystem::remove(folder / name);
-    }
-  }
-}
-
-TEST_F(Transform, saved_grids_go_with_a_run_that_ends_early_too) {
-  write_grid(folder / "in.grd", lattice, [](int c, int r) { return attraction(c, r, 9.0); });
-  transform_request r = request(101);
-  r.reuse_base = "mag.grd";
-  r.pad_width = 0x100000;  // no memory for its array
-  testing::write_file(folder / "mag_trs_ext_1048576.grd", "old");
-  testing::write_file(folder / "mag_trs_ext_1048576_fft.grd", "old");
-  EXPECT_EQ(run(r), transform_array_memory);
-  EXPECT_EQ(folder.names(), (names{"in.grd", "out_trs.log"}));
-}
-
-TEST_F(Transform, no_file_of_a_run_falls_on_its_input_or_on_its_output) {
-  struct example {
-    const char* input;
-    const char* output;
-    std::int32_t filter;
-    std::int32_t reuse;
-  };
-  const example examples[] = {{"in.grd", "in.grd", 101, 0},
-                              {"out_Tz.grd", "out.grd", 212, 0},
-                              {"mag_trs_ext_008.grd", "out.grd", 101, 0},
-                              {"mag_trs_ext_008_fft.grd", "out.grd", 101, 1},
-                              {"in.grd", "mag_trs_ext_008.grd", 101, 0}};
-  for (const example& e : examples) {
-    write_grid(folder / e.input, lattice, [](int c, int r) { return attraction(c, r, 9.0); });
-    const std::string before = read_file(folder / e.input);
-    transform_request r = request(e.filter, 1.0F, e.input);
-    r.out_grid = e.output;
-    r.reuse_base = "mag.grd";
-    r.reuse = e.reuse;
-    EXPECT_EQ(run(r), transform_arguments_invalid) << e.input;
-    EXPECT_NE(read_file(name_run(r).log).find(" would replace the "), std::string::npos);
-    EXPECT_EQ(read_file(folder / e.input), before);
-    std::filesystem::remove(folder / e.input);
-  }
-  write_grid(folder / "out_trs.log", lattice, [](int, int) { return 1.0F; });
-  const std::string before = read_file(folder / "out_trs.log");
-  EXPECT_THROW(static_cast<void>(run(request(101, 1.0F, "out_trs.log"))), platform::IoError);
-  EXPECT_EQ(read_file(folder / "out_trs.log"), before);
+  r.int_par[1] = 1;
+  r.hi_cut = 0.5F;
+  r.lo_cut = 0.25F;
+  ASSERT_EQ(run(r), success);
+  EXPECT_NE(log().find("HF: 0.5\nVI: Yes\nLF: 0.25\n"), std::string::npos);
+  r.filter = 211;
+  r.azimuth = 30.0F;
+  ASSERT_EQ(run(r), success);
+  EXPECT_NE(log().find("Azim: 30\n"), std::string::npos);
 }
 
 // The response counts in units of the mean cell size, the result is divided by the cell's area.
 TEST_F(Transform, a_vertical_integral_is_scaled_by_its_order) {
   const auto integral = [this](double cell, float order) {
     Lattice scaled = lattice;
-    scaled.x_cell = scaled.y_cell = cell;
+    scaled.x_cell = 1.0;  // the same mean size and area as square ones
+    scaled.y_cell = cell * cell;
     write_grid(folder / "in.grd", scaled, [](int c, int r) { return attraction(c, r, 9.0); });
     EXPECT_EQ(run(request(111, order)), success);
     return read_grid(folder / "out.grd");
@@ -324,6 +244,10 @@ TEST_F(Transform, both_roads_mean_the_same_by_a_filter) {
   r.fft_mode = fft_mode_convolution;
   r.filter_width = 0x7FFFFFFF;
   EXPECT_EQ(run(r), transform_design_failed);
+  r.filter_width = 50;  // 99 points, over 97 rows
+  EXPECT_EQ(run(r), transform_design_failed);
+  r.filter_width = 49;
+  EXPECT_EQ(run(r), success);
 }
 
 TEST_F(Transform, the_hole_filter_gives_the_number_of_filled_cells) {
@@ -333,93 +257,9 @@ TEST_F(Transform, the_hole_filter_gives_the_number_of_filled_cells) {
   r.int_par[1] = 1;
   r.pad_width = 0;
   // The nodes of the coarser levels count too: 3, 2 and 1 of them have no value of their own.
+  r.fft_mode = -1;  // it takes none of the roads
   EXPECT_EQ(run(r).code, 5 + 3 + 2 + 1);
   EXPECT_EQ(read_grid(folder / "out.grd"), std::vector<float>(std::size_t{61} * 47, 5.0F));
-}
-
-TEST_F(Transform, refusals_have_a_status_and_a_line_and_make_no_grid) {
-  write_grid(folder / "in.grd", lattice, [](int c, int r) { return attraction(c, r, 9.0); });
-  struct example {
-    std::function<void(transform_request&)> change;
-    Status status;
-    const char* line;
-  };
-  const example examples[] = {
-      {[](auto& r) { r.in_grid.assign(1, ' '); },
-       {-1001},
-       "The input grid name has not been specified"},
-      {[](auto& r) { r.grid.ints.storage_sense = 3; }, {-1001}, "not supported: 3"},
-      {[](auto& r) { r.grid.reals.y_cell = std::nan(""); },
-       {-1001},
-       "cell size is not valid: 2 nan"},
-      {[](auto& r) { r.pad_width = 0; }, {-1003}, "The padding width is not valid: 0"},
-      {[](auto& r) { r.fft_mode = 2; }, {-1004}, "The FFT mode is not supported: 2"},
-      {[](auto& r) { r.fft_mode = -1; }, {-1002}, "Not available in this version: the FFT on disk"},
-      {[](auto& r) { r.filter = 213; }, {-1010}, "Filter Index is invalid: 213"},
-      {[](auto& r) { r.filter = 204; }, {-1010}, "Derivative Order is invalid: 0"},
-      {[](auto& r) { r.filter = 114; }, {-1002}, "the multilayer continuation"},
-      {[](auto& r) { r.grid.ints.element_code = -4; },
-       {-1006},
-       "Failed to read the input grid file"},
-      {[](auto& r) { r.pad_width = 0x7FFFFFFF; }, {-1012}, "arrays failed : -1012"},
-      {[](auto& r) {
-         r.pad_width = 0x7FFFFFFF;
-         r.fft_mode = 0;
-       },
-       {-1013},
-       "arrays failed : -1013"},
-      {[](auto& r) {
-         r.pad_width = 0x2000000;  // a padded grid of more than any disk holds
-         r.fft_mode = 0;
-       },
-       {-1013},
-       "arrays failed : -1013"},
-      {[](auto& r) { r.pad_width = 0x100000; },  // an array of 512 TiB
-       {-1015},
-       "There was a problem allocating the work array: -1015\nDeallocate\n"}};
-  for (const example& e : examples) {
-    transform_request r = request(101);
-    e.change(r);
-    range = {-7.0F, 0.0F};
-    EXPECT_EQ(run(r), e.status) << e.line;
-    EXPECT_NE(log().find(e.line), std::string::npos) << log();
-    EXPECT_TRUE(log().ends_with("Transform complete\n"));
-    EXPECT_EQ(range.OutMin, -7.0F);
-    EXPECT_EQ(range.OutMax, 1.0F);
-    EXPECT_EQ(folder.names(), (names{"in.grd", "out_trs.log"}));
-  }
-  write_grid(folder / "in.grd", lattice, [](int, int) { return dummy; });
-  EXPECT_EQ(run(request(101)), transform_padding_failed);
-  EXPECT_EQ(folder.names(), (names{"in.grd", "out_trs.log"}));
-}
-
-TEST_F(Transform, a_failing_write_or_read_leaves_no_scratch_and_no_output) {
-  write_grid(folder / "in.grd", {0.0, 0.0, 2.0, 2.0, 9, 7},
-             [](int c, int r) { return attraction(c, r, 9.0); });
-  transform_request r = request(106);
-  r.pad_width = 1;
-  const std::string input = read_file(folder / "in.grd");
-  for (const auto call :
-       {testing::system_call::open, testing::system_call::read, testing::system_call::write}) {
-    testing::fail_each_call(
-        call, ENOSPC,
-        [&] {
-          if (run(r).failed()) {
-            throw platform::IoError("out.grd", "refused");
-          }
-        },
-        [&](int nth) {
-          for (const std::string& name : folder.names()) {
-            const bool expected = name == "in.grd" || name == "out_trs.log" ||
-                                  (name == "out.grd" || name == "out_power_AS.dat");
-            EXPECT_TRUE(expected && !name.starts_with('~')) << name << " " << nth;
-          }
-          EXPECT_EQ(read_file(folder / "in.grd"), input);
-          if (std::filesystem::exists(folder / "out.grd")) {
-            EXPECT_EQ(read_file(folder / "out.grd").size(), 512U + 9 * 7 * 4);
-          }
-        });
-  }
 }
 
 // 106 reads its spectrum three times: it must be its own to the end of the run.

@@ -70,6 +70,9 @@ TEST(FilterCatalogue, each_filter_logs_its_title_and_then_its_fields) {
       {{109, {0, 2, 0}, {25.0F, 60.0F}},
        {"TDX map", "Calculated using mag derivative components", "HF: 0"},
        "TDXMap"},
+      {{109, {0, 0, 2}},
+       {"Tilt map", "Calculated using mag derivative components", "HF: 0"},
+       "TiltMap"},
       {{109, {0, 7, 0}},
        {"Tilt map", "Calculated using mag derivative components", "HF: 0"},
        "TiltMap"},
@@ -166,10 +169,11 @@ TEST(FilterCatalogue, azimuths_are_brought_into_their_range) {
     std::int32_t filter;
     float given, loaded;
   };
-  const example examples[] = {{115, -30.0F, -30.0F}, {115, 90.0F, -90.0F}, {115, 89.5F, 89.5F},
-                              {115, 180.0F, 0.0F},   {115, 360.0F, 0.0F},  {115, 450.0F, -90.0F},
-                              {115, 300.0F, -60.0F}, {115, -360.0F, 0.0F}, {115, -400.0F, -40.0F},
-                              {211, -90.0F, 270.0F}, {211, 370.0F, 10.0F}, {211, 360.0F, 0.0F}};
+  const example examples[] = {{115, -30.0F, -30.0F},  {115, 90.0F, -90.0F},  {115, 89.5F, 89.5F},
+                              {115, 180.0F, 0.0F},    {115, 360.0F, 0.0F},   {115, 450.0F, -90.0F},
+                              {115, 300.0F, -60.0F},  {115, -360.0F, 0.0F},  {115, -400.0F, -40.0F},
+                              {115, 1200.0F, -60.0F}, {115, -500.0F, 40.0F}, {211, -90.0F, 270.0F},
+                              {211, 370.0F, 10.0F},   {211, 360.0F, 0.0F}};
   for (const example& e : examples) {
     filter_call call{e.filter};
     call.azimuth = e.given;
@@ -181,6 +185,11 @@ TEST(FilterCatalogue, azimuths_are_brought_into_their_range) {
   EXPECT_FLOAT_EQ(p.Par2, std::sqrt(0.75F));
   EXPECT_FLOAT_EQ(p.Par3, 0.5F);
   EXPECT_EQ(p.Par1, 20.0F);
+  // That of an angle map is designed for the first derivative.
+  filter_call map{109, {}, {25.0F, 60.0F}};
+  EXPECT_EQ(load(map).parameters.Par1, 25.0F);
+  map.road = 0;
+  EXPECT_EQ(load(map).parameters.Par1, 1.0F);
 }
 
 TEST(Directions, cosines_point_along_the_field_and_never_lie_flat) {
