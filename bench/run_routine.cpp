@@ -71,17 +71,15 @@ void fill(Arguments arguments) {
 
 // IN DISTANCE OUT: a grid upwards by a distance in map units, by the FFT in memory.
 void continue_upwards(Arguments arguments) {
-  constexpr std::int32_t continuation = 101;
   constexpr std::int32_t width = 11;  // a margin of 34 cells
-  constexpr std::int32_t mean_off = 2;
   transform_request request;
   request.in_grid = arguments[0];
   request.grid = describe(arguments[0]);
   request.out_grid = arguments[2];
-  request.filter = continuation;
+  request.filter = filter_continuation;
   request.pad_width = width;
   request.filter_width = width;
-  request.detrend = mean_off;
+  request.detrend = detrend_keeps_plane;
   request.fft_mode = fft_mode_memory;
   request.real_par = {std::stof(arguments[1])};
   transform_range range;

@@ -1,8 +1,9 @@
 # The spectral work of Velmorankite as a script in NumPy and SciPy would do it, for bench/compare:
-#   scipy_peer.py continue IN OUT CELLS        a standard grid upwards by some cells
-#   scipy_peer.py merge ONE TWO LINE OUT CELLS BLEND   two grids joined along a DXF line: nearest
-#       fill of the mismatch, continuation of it by CELLS, feathering over BLEND cells
-# Grids are standard grids of 4-byte floats on one lattice. SPDX-License-Identifier: MIT
+#   scipy_peer.py continue IN OUT CELLS SIDE        a standard grid upwards by some cells
+#   scipy_peer.py merge ONE TWO LINE OUT CELLS BLEND SIDE   two grids joined along a DXF line:
+#       nearest fill of the mismatch, continuation of it by CELLS, feathering over BLEND cells
+# SIDE is that of the transform. Grids are standard grids of 4-byte floats on one lattice.
+# SPDX-License-Identifier: MIT
 import struct
 import sys
 
@@ -11,7 +12,6 @@ import scipy.fft
 import scipy.ndimage
 
 HEADER = 512
-SIDE = 4096  # of the transform
 
 
 def read_grid(path):
@@ -28,17 +28,17 @@ def write_grid(path, header, cells):
         cells.astype(np.float32, copy=False).tofile(file)
 
 
-def continued(cells, distance):
+def continued(cells, distance, side):
     """The cells at a height of `distance` cells, in single precision."""
     mean = cells.mean(dtype=np.float64).astype(np.float32)
-    margin = [((SIDE - n) // 2, SIDE - n - (SIDE - n) // 2) for n in cells.shape]
+    margin = [((side - n) // 2, side - n - (side - n) // 2) for n in cells.shape]
     padded = np.pad(cells - mean, margin)
     spectrum = scipy.fft.rfft2(padded, overwrite_x=True)
-    u = scipy.fft.rfftfreq(SIDE).astype(np.float32)
-    v = scipy.fft.fftfreq(SIDE).astype(np.float32)
+    u = scipy.fft.rfftfreq(side).astype(np.float32)
+    v = scipy.fft.fftfreq(side).astype(np.float32)
     spectrum *= np.exp(np.float32(-2.0 * np.pi * distance) * np.hypot(u[None, :], v[:, None]))
     padded = scipy.fft.irfft2(spectrum, padded.shape, overwrite_x=True)
-    inside = tuple(slice(before, SIDE - after) for before, after in margin)
+    inside = tuple(slice(before, side - after) for before, after in margin)
     return padded[inside] + mean
 
 
@@ -52,7 +52,7 @@ def read_line(path):
     return np.array(values["10"]), np.array(values["20"])
 
 
-def merged(one, two, line, distance, blend):
+def merged(one, two, line, distance, blend, side):
     """Grid 1 left of a line that goes up the rows, grid 2 right of it, and the drift taken off."""
     rows = np.arange(one.shape[0])
     columns = np.interp(rows, line[1], line[0])
@@ -60,7 +60,7 @@ def merged(one, two, line, distance, blend):
     on_line[rows, np.clip(np.rint(columns).astype(int), 0, one.shape[1] - 1)] = True
     has_1, has_2 = one > -1.0e30, two > -1.0e30
     away, nearest = scipy.ndimage.distance_transform_edt(~(on_line & has_1 & has_2), return_indices=True)
-    correction = continued((one - two)[nearest[0], nearest[1]], distance)
+    correction = continued((one - two)[nearest[0], nearest[1]], distance, side)
     right = np.arange(one.shape[1])[None, :] > columns[:, None]
     share = np.where(right, np.clip(1.0 - away / blend, 0.0, 1.0), 1.0).astype(np.float32)
     blend = share * one + (1.0 - share) * (two + correction)
@@ -70,14 +70,14 @@ def merged(one, two, line, distance, blend):
 def main(words):
     if words[0] == "continue":
         header, cells = read_grid(words[1])
-        write_grid(words[2], header, continued(cells, float(words[3])))
+        write_grid(words[2], header, continued(cells, float(words[3]), int(words[4])))
     else:
         header, one = read_grid(words[1])
         two = read_grid(words[2])[1]
         cell, x_min, y_min = struct.unpack("<d", header[20:28])[0], *struct.unpack("<dd", header[36:52])
         x, y = read_line(words[3])
         line = ((x - x_min) / cell, (y - y_min) / cell)
-        write_grid(words[4], header, merged(one, two, line, float(words[5]), float(words[6])))
+        write_grid(words[4], header, merged(one, two, line, float(words[5]), float(words[6]), int(words[7])))
 
 
 main(sys.argv[1:])

@@ -450,12 +450,12 @@ VELMORANKITE_API void GEOOUTI2S(const char* name, const int32_t* source, const i
 /* Writes a standard grid of 4-byte floats in which the cells without data of another have values.
  *   output        blank: the input is filled in place.
  *   road          not 0: every blank cell, from a pyramid of coarser copies; 0: enclosed holes
- *                 alone, by sweeps.
+ *                 alone, by sweeps, which this version does not have (-1100).
  *   limit, spare  not used.
  *   minimum, maximum  out: 0.
  *   filled_count  out: cells that got a value, with the nodes of the coarser copies.
  *   status        0; -999 the input cannot be opened; -1 no valid cell, or fewer than 4 columns or
- *                 rows; or what GRDRDH gives. */
+ *                 rows; -1100 road 0; or what GRDRDH gives. */
 VELMORANKITE_API void GRID_FILL(const char* input, const char* output, const int32_t* road,
                                 const int32_t* limit, float* minimum, float* maximum,
                                 const float* spare, int32_t* filled_count, int32_t* status,
@@ -467,6 +467,7 @@ VELMORANKITE_API void GRID_FILL(const char* input, const char* output, const int
  *   column_offset, row_offset  columns and rows of it ahead of the first input cell.
  *   memory_flag   bit 0: the input cells are taken from `cells`, and the filled rows put there.
  *   cells         x_count x y_count cells, the lowest row first; NULL if the bit is not set.
+ *   output        the grid to make; blank: the input is filled in place.
  *   minimum, maximum  for the header of the output.
  *   filled_count  out: nodes that got a value, over all levels.
  *   status        0; -1 fewer than 4 columns or rows, or no valid cell. */
@@ -478,8 +479,9 @@ VELMORANKITE_API void GRDMIPMAP(const char* input, const int32_t* grid_ints,
                                 int32_t* filled_count, int32_t* status, size_t input_length,
                                 size_t output_length);
 
-/* Fits the plane a + b x + c y to a standard grid of 4-byte floats, x and y being distances from
- * its first cell in map units, and can take it off.
+/* Fits the plane a + b x + c y to a standard grid of 4-byte floats by least squares, and can take
+ * it off. x and y are distances from the first cell in map units; on a storage sense other than 1
+ * the first row is the highest, and y grows southwards from one cell there.
  *   scope    1: every cell with data is a sample; 0: the ends of rows and columns alone.
  *   output   the residual grid; the plane goes to `<stem>_trend.grd`. Blank: fit only.
  *   mean     out: of all cells with data.
@@ -497,29 +499,32 @@ VELMORANKITE_API void GRID_DETREND(const char* input, const char* output, float*
                                    size_t output_length);
 
 /* An earlier form: every cell that ends a row or a column is a sample once, an output must be
- * given, and the plane goes to `<stem>_detrend.grd`. */
+ * given, and the plane goes to `<stem>_detrend.grd`. Status as GRID_DETREND_PLANE. */
 VELMORANKITE_API void GRID_DETREND_OLD(const char* input, const char* output, float* mean, float* a,
                                        float* b, float* c, int32_t* status, size_t input_length,
                                        size_t output_length);
 
 /* ---- Transform ----------------------------------------------------------------------------- */
 
-/* Filters a grid: docs/transforms.md tells the filters and their parameters. The run writes a log
- * beside the output, `<stem>_trs.log`.
+/* Filters a grid: docs/transforms.md tells the filters, their parameters and their sources. The run
+ * writes a log beside the output, `<stem>_trs.log`, and with an FFT the power spectrum.
+ *   InGrid       a grid of any format that can be converted; it is not changed.
  *   GridInt, GridReal  of InGrid, from GRDRDH.
+ *   OutGrid      the standard grid to write, on the lattice of InGrid.
  *   ReUse        above 0: the padded grid and its spectrum are kept for later runs, under names
  *                that begin with ReUseBase, and those of earlier runs are used; 0: files of these
  *                names are deleted at the end; below 0: those of the run stay, and none is used.
  *   Filter       index, 100 to 212.
- *   PadWidth     the padded grid has 3 x PadWidth + 1 cells more on each side.
+ *   PadWidth     above 0: the padded grid has 3 x PadWidth + 1 cells more on each side.
  *   FilterWidth  a convolution operator has 2 x FilterWidth - 1 points across.
  *   Detrend      units digit 0: the plane is taken off; 1: and put back; 2: nothing is taken off,
  *                the margin fades to the mean. Tens digit: the scope of GRID_DETREND_PLANE.
  *   FftMode      0: convolution; 1: FFT in memory.
  *   HiCut, LoCut cutoffs in eighths of a cycle per cell, above 0 and up to 1.
- *   Azimuth      degrees.
+ *   Azimuth      degrees, meaning by filter.
  *   IntPar, RealPar  3 integers and 8 reals.
- *   OutMin, OutMax   out: range of the output; OutMax is 1 where none was made.
+ *   OutMin, OutMax   out: range of the output; where none was made OutMax is 1 and OutMin as it
+ *                was. Both are 0 for the hole filter.
  *   Status       0, or the cells filled by the hole filter; negative: docs/c-interface.md. */
 VELMORANKITE_API void TRSD(const char* InGrid, const int32_t* GridInt, const double* GridReal,
                            const char* OutGrid, const int32_t* ReUse, const char* ReUseBase,
@@ -540,7 +545,8 @@ VELMORANKITE_API void TRS(const char* InGrid, const int32_t* GridInt, float* Gri
                           float* OutMin, float* OutMax, int32_t* Status, size_t InGrid_length,
                           size_t OutGrid_length, size_t ReUseBase_length);
 
-/* Transforms complex numbers along each dimension in place, without normalisation.
+/* Transforms complex numbers along each dimension in place, without normalisation: the radix-2
+ * transform of Danielson and Lanczos (1942) with twiddle factors by recurrence.
  *   data        2 x the product of the dimensions words, real part first, the first dimension
  *               fastest.
  *   dimensions  dimension_count powers of two.
@@ -551,12 +557,15 @@ VELMORANKITE_API int32_t FOURN(float* data, const int32_t* dimension_count,
                                const int32_t* dimensions, const int32_t* sign);
 
 /* Designs the operator of a convolution filter.
- *   Filter to Par3  as in a run; distances in cells. The remanence lies along the field.
+ *   Filter to Par3  as the parameter set of a run holds them: distances in cells, Par1 the order of
+ *              the vertical derivative for 106, 107 and 109, Par3 the sine of the strike azimuth
+ *              for 115. The remanence lies along the field.
  *   direction  degrees from the Y axis towards the X axis, of a horizontal derivative.
  *   columns, rows  points each way, the same odd number n.
  *   weights    out: for an index below 200 the quarter plane, (n - 1) / 2 + 1 points each way from
  *              the centre; else n x n.
- *   Status     0; 1: a filter without a response, all weights 1; -3001 to -3003. */
+ *   Status     0; 1: a filter without a response, all weights 1; -3001 no symmetric filter, -3002
+ *              a filter without an operator, -3003 columns and rows are not the same odd number. */
 VELMORANKITE_API void CALC_FILTER_COEFFICIENTS(
     const int32_t* Filter, const int32_t* Opt1, const int32_t* Opt2, const float* LoCut,
     const float* HiCut, const float* Par1, const float* Par2, const float* Par3,

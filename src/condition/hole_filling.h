@@ -16,7 +16,7 @@ inline constexpr Status sweep_road_missing{-1100};  // road 0, which this versio
 //   input_name    a standard grid of 4-byte floats.
 //   output_name   the grid to make; blank: the input is filled in place.
 //   road          not 0: every blank cell is filled from a pyramid of coarser copies. 0: only
-//                 enclosed holes, by sweeps.
+//                 enclosed holes, by sweeps, which this version does not have.
 //   limit         not used on either road.
 //   minimum, maximum  out: 0; they go into the output's header.
 //   filled_count  out: cells that got a value; on the multi-level road with the nodes of the

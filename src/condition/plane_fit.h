@@ -6,7 +6,8 @@
 namespace velmorankite {
 
 // z = a + b x + c y.  x and y are distances in map units from the first cell of a grid, not map
-// coordinates.
+// coordinates. On a storage sense other than 1 the first row is the highest, and y grows southwards
+// from one cell there.
 struct plane {
   float a = 0.0F;  // grid units
   float b = 0.0F;  // grid units per map unit along X

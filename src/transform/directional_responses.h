@@ -117,9 +117,8 @@ class RespStrike {
   double surely_passed_;
 };
 
-// Components of the gradient tensor from the vertical one, in axes turned by Azim. Opt2: 1, 2 the
-// horizontal pairs with the vertical, 3 their difference, 4 the cross term; below 1 the direct
-// form, else the way back.
+// Components of the gradient tensor from the vertical one, in axes turned by Azim. |Opt2|: 2
+// Gzz - Gyy, 3 Gxx - Gyy, 4 Gxy, others Gzz - Gxx; Opt2 below 1: from Gzz, else the way back.
 class RespTensor {
  public:
   explicit RespTensor(const filter_parameters& p)

@@ -67,7 +67,8 @@ padded_row_source single_response(memory_run& run) {
   run.log.line("compute inverse fft");
   run.log.pause();
   transform_array(run.array.span(), run.geometry, -1);
-  // The vertical integral is scaled from cells to map units.
+  // By its definition the vertical integral is divided by the cell's area to its order as well; the
+  // response alone is in map units already.
   const double divisor = run.request.filter == filter_vertical_integral
                              ? std::pow(run.parameters.CellX * run.parameters.CellY,
                                         static_cast<double>(run.parameters.Par1))

@@ -26,7 +26,8 @@ inline constexpr Status transform_design_failed{-1023};
 //   range  out: smallest and largest value of the output; OutMax is 1 and OutMin unchanged where
 //          no output was made.
 // Status: success, the number of filled cells for the hole filter, or one of those above. Throws
-// IoError. On every path the log ends with "Transform complete" and no scratch file stays.
+// IoError. On every path the log ends with "Transform complete" and no scratch file stays, but for
+// the saved grids of a run with `reuse` other than 0 that has no base to name them after.
 // Two runs share nothing but the file system.
 Status TRSD(const transform_request& request, transform_range& range);
 

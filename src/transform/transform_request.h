@@ -20,7 +20,8 @@ struct transform_request {
   grid_description grid;          // of in_grid
   std::string out_grid;           // grid to write
   std::int32_t reuse = 0;         // above 0: saved padded and FFT files are used and kept;
-                                  // 0: they are deleted at the end; below 0: neither
+                                  // 0: they are deleted at the end; below 0: none is used, and
+                                  // the spectrum that the run saves stays
   std::string reuse_base;         // the saved files are named after it; may be blank
   std::int32_t filter = 0;        // index in the catalogue
   std::int32_t pad_width = 0;     // the margin is 3 x pad_width + 1 cells on each side
