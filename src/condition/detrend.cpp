@@ -18,8 +18,7 @@ namespace {
 struct first_pass {
   line_ends ends;
   plane_sums all_cells;
-  float sum = 0.0F;
-  std::int64_t valid_count = 0;
+  ValidMean values{};
 };
 
 void add_row(std::span<const float> cells, double y, double x_cell, plane_sums& sums) {
@@ -30,24 +29,12 @@ void add_row(std::span<const float> cells, double y, double x_cell, plane_sums& 
   }
 }
 
-// In single precision, cell after cell; the sum stays in a register.
-void add_values(std::span<const float> cells, first_pass& pass) {
-  float sum = pass.sum;
-  std::int64_t count = 0;
-  for (const float z : cells) {
-    sum += is_valid(z) ? z : 0.0F;
-    count += is_valid(z) ? 1 : 0;
-  }
-  pass.sum = sum;
-  pass.valid_count += count;
-}
-
 first_pass read_samples(const detrend_input& input, fit_scope scope) {
   first_pass pass{{input.layout.x_count, input.layout.y_count}, {}};
   std::vector<float> cells(static_cast<std::size_t>(input.layout.x_count));
   for (std::int32_t row = 1; row <= input.layout.y_count; ++row) {
     read_row(input.file, input.layout, row, cells);
-    add_values(cells, pass);
+    pass.values.add(cells);
     if (scope == fit_scope::all_cells) {
       add_row(cells, input.y_of(row), input.x_cell, pass.all_cells);
     }
@@ -102,10 +89,10 @@ Status GRID_DETREND_PLANE(fit_scope scope, std::string_view input_name,
     }
   }
   const first_pass pass = read_samples(*input, scope);
-  if (pass.valid_count == 0) {
+  if (pass.values.empty()) {
     return detrend_no_valid_cell;
   }
-  mean = pass.sum / static_cast<float>(pass.valid_count);
+  mean = pass.values.mean();
   const plane_sums sums =
       scope == fit_scope::all_cells ? pass.all_cells : sums_of_line_ends(*input, pass.ends);
   trend = solve_plane(sums, mean);

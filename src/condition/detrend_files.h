@@ -5,11 +5,13 @@
 #include <filesystem>
 #include <functional>
 #include <optional>
+#include <span>
 #include <string_view>
 
 #include "condition/detrend.h"
 #include "condition/line_ends.h"
 #include "formats/grid_description.h"
+#include "grid/dummy.h"
 #include "grid/grid_rows.h"
 #include "platform/binary_file.h"
 #include "platform/scratch_file.h"
@@ -27,6 +29,27 @@ struct detrend_input {
   [[nodiscard]] double y_of(std::int32_t row) const noexcept {
     return plane_row(layout.storage_sense, layout.y_count, row) * y_cell;
   }
+};
+
+// The mean of the valid cells of a grid, summed in single precision, cell after cell.
+class ValidMean {
+ public:
+  void add(std::span<const float> cells) noexcept {
+    float sum = sum_;  // both stay in registers
+    std::int64_t count = 0;
+    for (const float z : cells) {
+      sum += is_valid(z) ? z : 0.0F;
+      count += is_valid(z) ? 1 : 0;
+    }
+    sum_ = sum;
+    count_ += count;
+  }
+  [[nodiscard]] bool empty() const noexcept { return count_ == 0; }
+  [[nodiscard]] float mean() const noexcept { return sum_ / static_cast<float>(count_); }
+
+ private:
+  float sum_ = 0.0F;
+  std::int64_t count_ = 0;
 };
 
 struct detrend_outputs {

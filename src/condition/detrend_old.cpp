@@ -25,12 +25,6 @@ void copy_header(const platform::BinaryFile& from, platform::BinaryFile& to) {
   to.write_value(sense_position, sense_bottom_up);
 }
 
-struct old_samples {
-  plane_sums sums;
-  float sum = 0.0F;
-  std::int64_t valid_count = 0;
-};
-
 // The ends of a row, and the cells between them that end their own column; each counts once.
 void add_row(const detrend_input& input, const line_ends& ends, std::int32_t row,
              std::span<const float> cells, plane_sums& sums) {
@@ -48,18 +42,13 @@ void add_row(const detrend_input& input, const line_ends& ends, std::int32_t row
   }
 }
 
-line_ends find_ends(const detrend_input& input, old_samples& samples) {
+line_ends find_ends(const detrend_input& input, ValidMean& values) {
   line_ends ends(input.layout.x_count, input.layout.y_count);
   std::vector<float> cells(static_cast<std::size_t>(input.layout.x_count));
   for (std::int32_t row = 1; row <= input.layout.y_count; ++row) {
     read_row(input.file, input.layout, row, cells);
     ends.note_row(row, cells);
-    for (const float z : cells) {
-      if (is_valid(z)) {
-        samples.sum += z;
-        ++samples.valid_count;
-      }
-    }
+    values.add(cells);
   }
   return ends;
 }
@@ -87,18 +76,19 @@ Status GRID_DETREND_OLD(std::string_view input_name, std::string_view output_nam
   if (status.failed()) {
     return status;
   }
-  old_samples samples;
-  line_ends ends = find_ends(*input, samples);
-  if (samples.valid_count == 0) {
+  ValidMean values;
+  line_ends ends = find_ends(*input, values);
+  if (values.empty()) {
     return detrend_no_valid_cell;
   }
-  mean = samples.sum / static_cast<float>(samples.valid_count);
+  mean = values.mean();
+  plane_sums sums;
   std::vector<float> cells(static_cast<std::size_t>(input->layout.x_count));
   for (std::int32_t row = 1; row <= input->layout.y_count; ++row) {
     read_row(input->file, input->layout, row, cells);
-    add_row(*input, ends, row, cells, samples.sums);
+    add_row(*input, ends, row, cells, sums);
   }
-  trend = solve_plane(samples.sums, mean);
+  trend = solve_plane(sums, mean);
   // A row with a single valid cell is left as it is.
   ends.drop_single_cells();
   write_detrended(*input, ends, trend, *outputs);

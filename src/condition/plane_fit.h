@@ -1,7 +1,6 @@
 // Least-squares plane through samples: the sums and the solution, apart from any grid.
 // SPDX-License-Identifier: MIT
 #pragma once
-#include <cstdint>
 
 namespace velmorankite {
 

@@ -1,5 +1,6 @@
 // Designer of symmetric operators, WTSYM.
 // SPDX-License-Identifier: MIT
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <vector>

@@ -10,6 +10,7 @@
 
 #include "condition/multi_level_fill.h"
 #include "formats/convert_grid.h"
+#include "formats/failure_words.h"
 #include "grid/scratch_names.h"
 #include "platform/file_tests.h"
 #include "platform/io_error.h"
@@ -214,8 +215,11 @@ Status run_filter(transform_run& run) {
   run.input = {std::string(platform::without_padding(run.request.in_grid)), run.request.grid};
   if (!is_read_in_place(run.input.grid)) {
     run.log.line("Convert the input grid file to standard Geosoft");
-    if (convert_to_scratch(run.input.path, "~grdcnv", run.input.grid, run.converted).failed()) {
+    const Status converted =
+        convert_to_scratch(run.input.path, "~grdcnv", run.input.grid, run.converted);
+    if (converted.failed()) {
       run.log.line("Failed to read the input grid file");
+      run.log.line(words_of_conversion(converted, run.input.grid));
       return transform_conversion_failed;
     }
     run.input.path = run.converted.path().string();

@@ -9,6 +9,7 @@
 #include <thread>
 #include <vector>
 
+#include "support/foreign_grids.h"
 #include "transform/transform_test.h"
 
 namespace velmorankite {
@@ -175,6 +176,26 @@ TEST_F(Transform, a_vertical_integral_is_scaled_by_its_order) {
       EXPECT_NEAR(of_2[i] - of_2[0], (of_1[i] - of_1[0]) * std::pow(0.5F, order), 2E-4F) << order;
     }
   }
+}
+
+TEST_F(Transform, an_input_in_another_format_is_converted_first_and_gives_the_same) {
+  const testing::sample_grid sample = testing::small_sample();
+  write_grid(folder / "in.grd", sample.lattice,
+             [&](int column, int row) { return sample.at(column, row); });
+  ASSERT_EQ(run(request(101, 3.0F)), success);
+  const std::vector<float> expected = read_grid(folder / "out.grd");
+  const auto format =
+      std::ranges::find(testing::foreign_formats(), 11, &testing::foreign_format::format_code);
+  testing::write_file(folder / format->file_name, format->bytes(sample));
+  ASSERT_EQ(run(request(101, 3.0F, format->file_name)), success) << log();
+  EXPECT_NE(log().find("Convert the input grid file to standard Geosoft\n"), std::string::npos);
+  const std::vector<float> out = read_grid(folder / "out.grd");
+  ASSERT_EQ(out.size(), expected.size());
+  for (std::size_t i = 0; i < out.size(); ++i) {
+    EXPECT_NEAR(out[i], expected[i], 1E-4F) << i;
+  }
+  EXPECT_EQ(folder.names(), (names{format->file_name, "in.grd", "out.grd",
+                                   "out_power_Continuation.dat", "out_trs.log"}));
 }
 
 TEST_F(Transform, maps_of_three_grids_leave_one_grid_and_vrmi_its_components_too) {
