@@ -139,8 +139,7 @@ constexpr status_row rows[] = {
     {"SETBUFFPOS", -1, "an offset below 0"},
     {"TRSD", -1001,
      "a grid has no name, a file of the run would replace the input or the output, the storage "
-     "sense "
-     "is neither 1 nor -2, or a cell size is not above 0"},
+     "sense is neither 1 nor -2, or a cell size is not above 0"},
     {"TRSD", -1002, "the filter is not available on this road in this version"},
     {"TRSD", -1003, "the padding width is not above 0"},
     {"TRSD", -1004, "FftMode is above 1"},
