@@ -121,7 +121,7 @@ TEST_F(PaddedGrid, held_by_rows_it_is_the_same_to_the_bit) {
 }
 
 TEST_F(PaddedGrid, made_in_lent_memory_it_is_the_same_and_what_lies_behind_it_stays) {
-  const std::size_t cells = 38 * 31;
+  const std::size_t cells = std::size_t{38} * 31;
   const std::vector<float> own = padded(1);
   for (const std::size_t lent : {cells - 1, cells, cells + 2}) {
     std::vector<float> memory(cells + 2, 7.0F);

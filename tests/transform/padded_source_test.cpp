@@ -48,7 +48,7 @@ TEST_F(SavedGrids, a_saved_spectrum_gives_the_same_file_as_a_computed_one) {
   // Without the wish to use them saved files are not looked at, and deleted at the end.
   const std::string other = read_file(folder / "out.grd");
   const std::string name = (folder / "mag_trs_ext_008_fft.grd").string();
-  const auto spoil = [&](std::string file) {
+  const auto spoil = [](const std::string& file) {
     std::string bytes = read_file(file);
     std::fill(bytes.begin() + 512, bytes.end(), '\0');
     testing::write_file(file, bytes);

@@ -299,6 +299,7 @@ TEST_F(Transform, two_runs_in_two_threads_do_not_meet) {
   }
   for (int turn = 0; turn < 10; ++turn) {
     std::vector<std::thread> threads;
+    threads.reserve(requests.size());
     for (const transform_request& r : requests) {
       threads.emplace_back([&r] {
         transform_range own;
