@@ -182,7 +182,7 @@ void place_on_window(const line_values& points, const Lattice& window, std::span
 }
 
 void reach_nodes(const line_values& points, const Lattice& window, std::span<float> cells) {
-  constexpr std::size_t longest_stretch = 8;
+  constexpr std::size_t longest_stretch = 16;
   const std::size_t count = points.value.size();
   std::vector<node_value> reached;
   std::size_t begin = 0;  // of the points since the last node

@@ -102,7 +102,7 @@ struct missing_filter {
   std::string_view what;
 };
 constexpr missing_filter missing_filters[] = {
-    {107, always, "Euler deconvolution"},
+    {filter_euler, always, "Euler deconvolution"},
     {108, always, "the log spectral slope"},
     {filter_hole_fill, sweep_road, "the hole filling by sweeps"},
     {114, always, "the multilayer continuation"},
