@@ -40,8 +40,8 @@ void place_on_window(const line_values& points, const Lattice& window, std::span
 
 // Makes sure that the fill of the window sees all of the line. It goes on from every second column
 // and row, and a line that runs along the others, or slowly drifts over them, would be lost to it:
-// where more than 16 points in a row lie on none of those cells, the ones within a cell of them take
-// the mean of the line's cells round them.
+// where more than 16 points in a row lie on none of those cells, the ones within a cell of them
+// take the mean of the line's cells round them.
 void reach_nodes(const line_values& points, const Lattice& window, std::span<float> cells);
 
 // A grid of the correction, on the working window.
