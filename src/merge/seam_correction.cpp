@@ -190,8 +190,10 @@ void reach_nodes(const line_values& points, const Lattice& window, std::span<flo
     if (i < count && !cell_of(points, i, window).is_node()) {
       continue;
     }
-    for (std::size_t k = begin; i - begin > longest_stretch && k < i; ++k) {
-      add_nodes_round(cell_of(points, k, window), window, cells, reached);
+    if (i - begin > longest_stretch) {
+      for (std::size_t k = begin; k < i; ++k) {
+        add_nodes_round(cell_of(points, k, window), window, cells, reached);
+      }
     }
     begin = i + 1;
   }
