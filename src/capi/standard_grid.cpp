@@ -11,7 +11,7 @@
 #include "capi/texts.h"
 #include "grid/cell_interpolation.h"
 #include "grid/cell_position.h"
-#include "grid/clone.h"
+#include "utilities/clone.h"
 #include "grid/standard_header.h"
 #include "grid/value_transform.h"
 

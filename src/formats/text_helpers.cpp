@@ -9,11 +9,10 @@
 
 #include "platform/byte_order.h"
 #include "platform/io_error.h"
+#include "platform/padded_text.h"
 
 namespace velmorankite {
 namespace {
-
-constexpr std::string_view blank_or_nul{" \0", 2};
 
 std::span<std::byte> bytes_of(std::span<char> text) {
   return std::as_writable_bytes(text);
@@ -93,8 +92,7 @@ std::string FTRIM(std::string_view text) {
 }
 
 std::size_t FTAIL(std::string_view text) noexcept {
-  const std::size_t last = text.find_last_not_of(blank_or_nul);
-  return last == std::string_view::npos ? 0 : last + 1;
+  return platform::without_tail(text).size();
 }
 
 void FUPPER(std::span<char> text) noexcept {

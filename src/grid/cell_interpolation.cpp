@@ -6,9 +6,9 @@
 #include <cstddef>
 #include <utility>
 
-#include "formats/text_helpers.h"
 #include "grid/dummy.h"
 #include "grid/value_transform.h"
+#include "platform/padded_text.h"
 
 namespace velmorankite {
 namespace {
@@ -102,7 +102,7 @@ Status GEO_CELL_INTERPOLATION(std::int32_t source_flag, std::string_view path,
                               std::span<const double> x, std::span<const double> y,
                               std::span<float> values) {
   const bool from_file = source_flag == 0;
-  const std::string_view name = path.substr(0, FTAIL(path));
+  const std::string_view name = platform::without_tail(path);
   const auto count = static_cast<std::size_t>(std::abs(std::int64_t{point_count}));
   const bool points_there = x.size() >= count && y.size() >= count && values.size() >= count;
   if ((from_file ? name.empty() : !holds_cells(cells, grid)) || count == 0 || !points_there) {

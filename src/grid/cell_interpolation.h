@@ -6,10 +6,10 @@
 #include <span>
 #include <string_view>
 
-#include "formats/grid_description.h"
 #include "grid/cell_rows.h"
 #include "grid/column_plan.h"
 #include "grid/grid_axis.h"
+#include "grid/grid_record.h"
 #include "grid/row_interpolation.h"
 #include "grid/status.h"
 

@@ -7,7 +7,7 @@
 #include <functional>
 #include <span>
 
-#include "formats/grid_description.h"
+#include "grid/grid_record.h"
 #include "grid/grid_rows.h"
 #include "platform/binary_file.h"
 #include "platform/large_array.h"

@@ -3,7 +3,7 @@
 #pragma once
 #include <cstdint>
 
-#include "formats/grid_description.h"
+#include "grid/grid_record.h"
 #include "grid/lattice.h"
 
 namespace velmorankite {

@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <span>
 
-#include "formats/grid_description.h"
 #include "grid/cell_position.h"
+#include "grid/grid_record.h"
 #include "grid/lattice.h"
 #include "grid/standard_header.h"
 #include "platform/binary_file.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "grid/clone.h"
+#include "utilities/clone.h"
 
 #include <algorithm>
 #include <cmath>
