@@ -14,32 +14,30 @@ namespace {
 constexpr std::int32_t row_count = 1000;
 
 // A square grid's worth of rows in an anonymous file, so that nothing is left behind.
-struct RowFile {
-  explicit RowFile(std::int32_t x_count)
-      : layout{sense_bottom_up, x_count, row_count},
-        cells(static_cast<std::size_t>(x_count), 1.0F),
-        file(platform::BinaryFile::anonymous()) {
+struct AnonymousRows {
+  explicit AnonymousRows(std::int32_t x_count)
+      : cells(static_cast<std::size_t>(x_count), 1.0F),
+        file(platform::BinaryFile::anonymous(), {sense_bottom_up, x_count, row_count}) {
     write_all();
   }
 
   void write_all() {
     for (std::int32_t row = 1; row <= row_count; ++row) {
-      write_row(file, layout, row, cells);
+      file.write(row, cells);
     }
   }
 
-  RowLayout layout;
   std::vector<float> cells;
-  platform::BinaryFile file;
+  RowFile file;
 };
 
-void count_bytes(benchmark::State& state, const RowFile& rows) {
+void count_bytes(benchmark::State& state, const AnonymousRows& rows) {
   state.SetBytesProcessed(state.iterations() * row_count *
                           static_cast<std::int64_t>(rows.cells.size() * sizeof(float)));
 }
 
 void write_rows(benchmark::State& state) {
-  RowFile rows(static_cast<std::int32_t>(state.range(0)));
+  AnonymousRows rows(static_cast<std::int32_t>(state.range(0)));
   for ([[maybe_unused]] auto step : state) {
     rows.write_all();
   }
@@ -48,10 +46,10 @@ void write_rows(benchmark::State& state) {
 BENCHMARK(write_rows)->Arg(1000)->Arg(4000)->Unit(benchmark::kMillisecond);
 
 void read_rows(benchmark::State& state) {
-  RowFile rows(static_cast<std::int32_t>(state.range(0)));
+  AnonymousRows rows(static_cast<std::int32_t>(state.range(0)));
   for ([[maybe_unused]] auto step : state) {
     for (std::int32_t row = 1; row <= row_count; ++row) {
-      read_row(rows.file, rows.layout, row, rows.cells);
+      rows.file.read(row, rows.cells);
       benchmark::DoNotOptimize(rows.cells.data());
     }
   }

@@ -129,17 +129,17 @@ void operator_over_grid(benchmark::State& state) {
   const std::vector<float> weights(static_cast<std::size_t>(n * n), 0.001F);
   std::vector<float> cells(std::size_t{side} * side);
   fill_with_noise(cells);
-  platform::BinaryFile input = platform::BinaryFile::anonymous();
-  platform::BinaryFile output = platform::BinaryFile::anonymous();
-  input.write_values(513, std::span<const float>(cells));
   const RowLayout layout{sense_bottom_up, side, side};
+  RowFile input(platform::BinaryFile::anonymous(), layout);
+  RowFile output(platform::BinaryFile::anonymous(), layout);
+  input.file().write_values(513, std::span<const float>(cells));
   filter_parameters parameters;
   parameters.FilterNo = 101;
   for ([[maybe_unused]] auto step : state) {
     if (state.range(1) == 1) {
-      WTCONVS(weights, w, parameters, {input, layout, output, layout});
+      WTCONVS(weights, w, parameters, {input, output});
     } else {
-      WTCONVA(weights, n, {input, layout, output, layout});
+      WTCONVA(weights, n, {input, output});
     }
   }
 }

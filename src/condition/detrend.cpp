@@ -30,10 +30,10 @@ void add_row(std::span<const float> cells, double y, double x_cell, plane_sums& 
 }
 
 first_pass read_samples(const detrend_input& input, fit_scope scope) {
-  first_pass pass{{input.layout.x_count, input.layout.y_count}, {}};
-  std::vector<float> cells(static_cast<std::size_t>(input.layout.x_count));
-  for (std::int32_t row = 1; row <= input.layout.y_count; ++row) {
-    read_row(input.file, input.layout, row, cells);
+  first_pass pass{{input.x_count(), input.y_count()}, {}};
+  std::vector<float> cells(static_cast<std::size_t>(input.x_count()));
+  for (std::int32_t row = 1; row <= input.y_count(); ++row) {
+    input.rows.read(row, cells);
     pass.values.add(cells);
     if (scope == fit_scope::all_cells) {
       add_row(cells, input.y_of(row), input.x_cell, pass.all_cells);
@@ -48,14 +48,14 @@ first_pass read_samples(const detrend_input& input, fit_scope scope) {
 plane_sums sums_of_line_ends(const detrend_input& input, const line_ends& ends) {
   plane_sums sums;
   const auto x_of = [&](std::int32_t column) { return (column - 1) * input.x_cell; };
-  for (std::int32_t row = 1; row <= input.layout.y_count; ++row) {
+  for (std::int32_t row = 1; row <= input.y_count(); ++row) {
     const line_end_pair& pair = ends.row(row);
     if (pair.spans()) {
       sums.add(x_of(pair.first), input.y_of(row), static_cast<double>(pair.first_value));
       sums.add(x_of(pair.last), input.y_of(row), static_cast<double>(pair.last_value));
     }
   }
-  for (std::int32_t column = 1; column <= input.layout.x_count; ++column) {
+  for (std::int32_t column = 1; column <= input.x_count(); ++column) {
     const line_end_pair pair = ends.column(column);
     if (pair.spans()) {
       sums.add(x_of(column), input.y_of(pair.first), static_cast<double>(pair.first_value));
@@ -79,7 +79,7 @@ Status GRID_DETREND_PLANE(fit_scope scope, std::string_view input_name,
   if (const std::filesystem::path output = platform::without_padding(output_name);
       !output.empty()) {
     const Status status = open_detrend_outputs(
-        *input, output, trend_path(output, "_WDtmp", "_trend.grd"), input->layout,
+        *input, output, trend_path(output, "_WDtmp", "_trend.grd"), input->rows.layout(),
         [&](platform::BinaryFile& file) {
           OUTPUT_GEOSOFT_HEADER(file, header_of_copy(input->description));
         },

@@ -18,7 +18,7 @@ namespace {
 std::optional<platform::StagedFile> stage_grid(const std::filesystem::path& path,
                                                const detrend_input& input,
                                                const header_writer& write_header) {
-  if (platform::same_file(path, input.file.path())) {
+  if (platform::same_file(path, input.rows.file().path())) {
     return std::nullopt;
   }
   try {
@@ -51,8 +51,8 @@ std::optional<detrend_input> open_detrend_input(std::string_view name) {
     return std::nullopt;
   }
   const grid_description& description = grid->description;
-  return detrend_input{std::move(grid->file), description, layout_of(description),
-                       description.reals.x_cell, description.reals.y_cell};
+  return detrend_input{std::move(grid->rows), description, description.reals.x_cell,
+                       description.reals.y_cell};
 }
 
 std::filesystem::path trend_path(const std::filesystem::path& output, std::string_view mark,
@@ -96,10 +96,10 @@ Status open_detrend_outputs(const detrend_input& input, const std::filesystem::p
 
 void write_detrended(const detrend_input& input, const line_ends& ends, const plane& trend,
                      detrend_outputs& outputs) {
-  std::vector<float> cells(static_cast<std::size_t>(input.layout.x_count));
-  for (std::int32_t row = 1; row <= input.layout.y_count; ++row) {
+  std::vector<float> cells(static_cast<std::size_t>(input.x_count()));
+  for (std::int32_t row = 1; row <= input.y_count(); ++row) {
     const double y = input.y_of(row);
-    read_row(input.file, input.layout, row, cells);
+    input.rows.read(row, cells);
     remove_plane(ends.row(row), y, input.x_cell, trend, cells);
     write_row(outputs.residual.file(), outputs.layout, row, cells);
     for (std::size_t i = 0; i < cells.size(); ++i) {

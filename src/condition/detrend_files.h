@@ -19,15 +19,16 @@
 namespace velmorankite {
 
 struct detrend_input {
-  platform::BinaryFile file;
+  RowFile rows;
   grid_description description;
-  RowLayout layout;
   double x_cell = 0.0;
   double y_cell = 0.0;
 
+  [[nodiscard]] std::int32_t x_count() const noexcept { return rows.layout().x_count; }
+  [[nodiscard]] std::int32_t y_count() const noexcept { return rows.layout().y_count; }
   // Y of a lattice row as the plane counts it.
   [[nodiscard]] double y_of(std::int32_t row) const noexcept {
-    return plane_row(layout.storage_sense, layout.y_count, row) * y_cell;
+    return plane_row(rows.layout().storage_sense, y_count(), row) * y_cell;
   }
 };
 

@@ -43,10 +43,10 @@ void add_row(const detrend_input& input, const line_ends& ends, std::int32_t row
 }
 
 line_ends find_ends(const detrend_input& input, ValidMean& values) {
-  line_ends ends(input.layout.x_count, input.layout.y_count);
-  std::vector<float> cells(static_cast<std::size_t>(input.layout.x_count));
-  for (std::int32_t row = 1; row <= input.layout.y_count; ++row) {
-    read_row(input.file, input.layout, row, cells);
+  line_ends ends(input.x_count(), input.y_count());
+  std::vector<float> cells(static_cast<std::size_t>(input.x_count()));
+  for (std::int32_t row = 1; row <= input.y_count(); ++row) {
+    input.rows.read(row, cells);
     ends.note_row(row, cells);
     values.add(cells);
   }
@@ -67,12 +67,12 @@ Status GRID_DETREND_OLD(std::string_view input_name, std::string_view output_nam
   if (output.empty()) {
     return detrend_residual_unwritable;
   }
-  RowLayout layout = input->layout;
+  RowLayout layout = input->rows.layout();
   layout.storage_sense = sense_bottom_up;
   std::optional<detrend_outputs> outputs;
   const Status status = open_detrend_outputs(
       *input, output, trend_path(output, "", "_detrend.grd"), layout,
-      [&](platform::BinaryFile& file) { copy_header(input->file, file); }, outputs);
+      [&](platform::BinaryFile& file) { copy_header(input->rows.file(), file); }, outputs);
   if (status.failed()) {
     return status;
   }
@@ -83,9 +83,9 @@ Status GRID_DETREND_OLD(std::string_view input_name, std::string_view output_nam
   }
   mean = values.mean();
   plane_sums sums;
-  std::vector<float> cells(static_cast<std::size_t>(input->layout.x_count));
-  for (std::int32_t row = 1; row <= input->layout.y_count; ++row) {
-    read_row(input->file, input->layout, row, cells);
+  std::vector<float> cells(static_cast<std::size_t>(input->x_count()));
+  for (std::int32_t row = 1; row <= input->y_count(); ++row) {
+    input->rows.read(row, cells);
     add_row(*input, ends, row, cells, sums);
   }
   trend = solve_plane(sums, mean);

@@ -21,20 +21,20 @@ void input_placement::blank_margin(std::span<float> cells) const {
   std::ranges::fill(cells.subspan(ahead + static_cast<std::size_t>(layout.x_count)), dummy);
 }
 
-void read_input_row(const platform::BinaryFile& file, const input_placement& placement,
-                    std::int32_t row, std::span<float> cells) {
+void read_placed_row(const RowFile& input, const input_placement& placement, std::int32_t row,
+                     std::span<float> cells) {
   if (!placement.has_row(row)) {
     std::ranges::fill(cells, dummy);
     return;
   }
   placement.blank_margin(cells);
-  read_row(file, placement.layout, row - placement.row_offset, placement.covered(cells));
+  input.read(row - placement.row_offset, placement.covered(cells));
 }
 
 std::span<float> InputRows::row(std::int32_t row) {
   const RowCache::entry entry = cache_.find(row);
   if (!entry.present) {
-    read_input_row(file_, placement_, row, entry.cells);
+    read_placed_row(input_, placement_, row, entry.cells);
   }
   return entry.cells;
 }

@@ -8,7 +8,6 @@
 
 #include "grid/grid_rows.h"
 #include "grid/lattice.h"
-#include "platform/binary_file.h"
 
 namespace velmorankite {
 
@@ -73,7 +72,7 @@ class RowCache {
 // Where the input cells lie on the working lattice: input column 1, row 1 goes to column
 // 1 + column_offset, row 1 + row_offset.
 struct input_placement {
-  RowLayout layout;
+  RowLayout layout;  // of the input
   std::int32_t column_offset = 0;
   std::int32_t row_offset = 0;
 
@@ -91,21 +90,20 @@ struct input_placement {
 };
 
 // Reads one row of the working lattice from the input; what the input does not cover is dummy.
-void read_input_row(const platform::BinaryFile& file, const input_placement& placement,
-                    std::int32_t row, std::span<float> cells);
+void read_placed_row(const RowFile& input, const input_placement& placement, std::int32_t row,
+                     std::span<float> cells);
 
 // Level 0 of a grid too large for memory: its rows come from the input file, which is never
 // written, every time that they are asked for.
 class InputRows final : public LevelRows {
  public:
-  InputRows(const Lattice& lattice, const platform::BinaryFile& file,
-            const input_placement& placement)
-      : LevelRows(lattice), file_(file), placement_(placement), cache_(width()) {}
+  InputRows(const Lattice& lattice, const RowFile& input, const input_placement& placement)
+      : LevelRows(lattice), input_(input), placement_(placement), cache_(width()) {}
 
   std::span<float> row(std::int32_t row) override;
 
  private:
-  const platform::BinaryFile& file_;
+  const RowFile& input_;
   input_placement placement_;
   RowCache cache_;
 };

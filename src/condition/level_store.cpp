@@ -33,31 +33,29 @@ class FileRows final : public LevelRows {
  public:
   FileRows(const Lattice& lattice, std::filesystem::path path, const level_storage& storage)
       : LevelRows(lattice),
-        file_(open_level_file(path)),
+        rows_(open_level_file(path), {storage.storage_sense, lattice.x_count, lattice.y_count}),
         scratch_(std::move(path)),
-        layout_{storage.storage_sense, lattice.x_count, lattice.y_count},
         cache_(width()) {
-    file_.resize(0);
+    rows_.file().resize(0);
     standard_header header = float_grid_header(lattice, storage.storage_sense);
     header.stat_min = storage.minimum;
     header.stat_max = storage.maximum;
-    OUTPUT_GEOSOFT_HEADER(file_, header);
+    OUTPUT_GEOSOFT_HEADER(rows_.file(), header);
   }
 
   std::span<float> row(std::int32_t row) override {
     const RowCache::entry entry = cache_.find(row);
     if (!entry.present) {
-      read_row(file_, layout_, row, entry.cells);
+      rows_.read(row, entry.cells);
     }
     return entry.cells;
   }
   std::span<float> fresh_row(std::int32_t row) override { return cache_.find(row).cells; }
-  void keep(std::int32_t row) override { write_row(file_, layout_, row, cache_.find(row).cells); }
+  void keep(std::int32_t row) override { rows_.write(row, cache_.find(row).cells); }
 
  private:
-  platform::BinaryFile file_;
+  RowFile rows_;
   platform::ScratchFile scratch_;
-  RowLayout layout_;
   RowCache cache_;
 };
 

@@ -54,7 +54,7 @@ base_level level_in_array(std::span<float> cells, const Lattice& lattice,
 }
 
 // In memory where there is room.
-base_level level_from_file(const BinaryFile& file, const Lattice& lattice,
+base_level level_from_file(const RowFile& input, const Lattice& lattice,
                            const input_placement& placement, const level_storage& storage) {
   base_level level;
   if (lattice.cell_count() <= storage.most_cells_in_memory) {
@@ -62,14 +62,14 @@ base_level level_from_file(const BinaryFile& file, const Lattice& lattice,
       level.cells = platform::LargeArray<float>(static_cast<std::size_t>(lattice.cell_count()));
       level.rows = std::make_unique<MemoryRows>(lattice, level.cells.span());
       for (std::int32_t row = 1; row <= lattice.y_count; ++row) {
-        read_input_row(file, placement, row, level.rows->row(row));
+        read_placed_row(input, placement, row, level.rows->row(row));
       }
       return level;
     } catch (const std::bad_alloc&) {
       // Read by rows, as one that is too large.
     }
   }
-  level.rows = std::make_unique<InputRows>(lattice, file, placement);
+  level.rows = std::make_unique<InputRows>(lattice, input, placement);
   return level;
 }
 
@@ -101,21 +101,21 @@ std::int64_t write_new_grid(FillPyramid& pyramid, const fill_request& request,
 
 // Makes the filled input beside the input and puts it in its place: a failure on the way leaves
 // the input as it was.
-std::int64_t fill_in_place(FillPyramid& pyramid, const BinaryFile& input,
+std::int64_t fill_in_place(FillPyramid& pyramid, const RowFile& rows,
                            const input_placement& placement) {
   namespace fs = std::filesystem;
+  const BinaryFile& input = rows.file();
+  const RowLayout& layout = rows.layout();
   std::error_code ignored;
   const fs::perms permissions = fs::status(input.path(), ignored).permissions();
   StagedFile output(input.path());
   const std::int64_t cells_end =
-      placement.layout.header_bytes + std::int64_t{placement.layout.x_count} *
-                                          static_cast<std::int64_t>(sizeof(float)) *
-                                          placement.layout.y_count;
-  copy_bytes(input, output.file(), 1, placement.layout.header_bytes + 1);
+      layout.header_bytes +
+      std::int64_t{layout.x_count} * static_cast<std::int64_t>(sizeof(float)) * layout.y_count;
+  copy_bytes(input, output.file(), 1, layout.header_bytes + 1);
   const std::int64_t filled = pyramid.fill([&](std::int32_t row, std::span<const float> cells) {
     if (placement.has_row(row)) {
-      write_row(output.file(), placement.layout, row - placement.row_offset,
-                placement.covered(cells));
+      write_row(output.file(), layout, row - placement.row_offset, placement.covered(cells));
     }
   });
   copy_bytes(input, output.file(), cells_end + 1, input.size() + 1);
@@ -133,17 +133,18 @@ Status GRDMIPMAP(const fill_request& request, std::int64_t& filled_count,
     return fill_impossible;
   }
   const bool in_place = platform::without_padding(request.output_name).empty();
-  const BinaryFile input(platform::without_padding(request.input_name),
-                         in_place ? platform::open_mode::read_write : platform::open_mode::read);
+  const RowFile input(
+      BinaryFile(platform::without_padding(request.input_name),
+                 in_place ? platform::open_mode::read_write : platform::open_mode::read),
+      layout_of(request.input));
   if (in_place || request.cells.empty()) {
-    check_float_grid(input, request.input);
+    check_float_grid(input.file(), request.input);
   }
   const Lattice lattice = around(lattice_of(request.input), request.column_offset,
                                  request.row_offset, request.x_count, request.y_count);
-  const input_placement placement{layout_of(request.input), request.column_offset,
-                                  request.row_offset};
+  const input_placement placement{input.layout(), request.column_offset, request.row_offset};
   const level_storage storage{most_cells_in_memory, request.input.ints.storage_sense,
-                              request.minimum, request.maximum, input.path()};
+                              request.minimum, request.maximum, input.file().path()};
   const base_level level_0 = request.cells.empty()
                                  ? level_from_file(input, lattice, placement, storage)
                                  : level_in_array(request.cells, lattice, placement);

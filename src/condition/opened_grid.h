@@ -5,13 +5,13 @@
 #include <string_view>
 
 #include "formats/grid_description.h"
-#include "platform/binary_file.h"
+#include "grid/grid_rows.h"
 
 namespace velmorankite {
 
 struct opened_grid {
   grid_description description;
-  platform::BinaryFile file;
+  RowFile rows;
 };
 
 // Describes a grid of 4-byte floats and opens it for reading. Nothing where it cannot be described

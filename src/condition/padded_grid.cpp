@@ -27,12 +27,11 @@ namespace {
 // The input, and how it lies in the padded grid.
 struct pad_job {
   const pad_request& request;
-  platform::BinaryFile input;
+  RowFile input;
   grid_description grid;
-  RowLayout from;
   Lattice padded;  // lattice of the padded grid
-  RowLayout to;
 
+  [[nodiscard]] const RowLayout& from() const noexcept { return input.layout(); }
   [[nodiscard]] bool takes_plane() const noexcept {
     return request.detrend_mode < detrend_keeps_plane;
   }
@@ -61,11 +60,11 @@ VELMORANKITE_VECTOR_CLONES void take_plane(float* cells, std::size_t count, cons
 }
 
 // Reads input row `row` and gives its cells without the plane, blanks as dummies.
-void read_input_row(const pad_job& job, std::int32_t row, std::span<float> cells) {
-  read_row(job.input, job.from, row, cells);
+void read_levelled_row(const pad_job& job, std::int32_t row, std::span<float> cells) {
+  job.input.read(row, cells);
   if (job.takes_plane()) {
     const double y =
-        plane_row(job.from.storage_sense, job.from.y_count, row) * job.grid.reals.y_cell;
+        plane_row(job.from().storage_sense, job.from().y_count, row) * job.grid.reals.y_cell;
     take_plane(cells.data(), cells.size(), job.request.trend, job.grid.reals.x_cell, y);
   } else {
     std::ranges::replace_if(
@@ -76,19 +75,19 @@ void read_input_row(const pad_job& job, std::int32_t row, std::span<float> cells
 // The padded row before the fill: dummies but for the data of the input row in its middle.
 void place_row(const pad_job& job, std::int32_t row, std::span<float> cells) {
   const std::int32_t input_row = row - job.request.row_pad;
-  if (input_row < 1 || input_row > job.from.y_count) {
+  if (input_row < 1 || input_row > job.from().y_count) {
     std::ranges::fill(cells, dummy);
     return;
   }
   const auto left = static_cast<std::size_t>(job.request.column_pad);
-  const auto count = static_cast<std::size_t>(job.from.x_count);
+  const auto count = static_cast<std::size_t>(job.from().x_count);
   std::ranges::fill(cells.first(left), dummy);
-  read_input_row(job, input_row, cells.subspan(left, count));
+  read_levelled_row(job, input_row, cells.subspan(left, count));
   std::ranges::fill(cells.subspan(left + count), dummy);
 }
 
 standard_header header_of(const pad_job& job) {
-  standard_header header = float_grid_header(job.padded, job.from.storage_sense);
+  standard_header header = float_grid_header(job.padded, job.from().storage_sense);
   header.process_flag = job.request.detrend_mode;
   header.stat_min = job.request.trend.b;
   header.stat_max = job.request.trend.c;
@@ -128,12 +127,11 @@ std::span<float> row_of(std::span<float> cells, const pad_job& job, std::int32_t
   return cells.subspan(width * static_cast<std::size_t>(row - 1), width);
 }
 
-void write_padded_header(const pad_job& job, platform::BinaryFile& padded) {
-  OUTPUT_GEOSOFT_HEADER(padded, header_of(job));
+void write_padded_header(const pad_job& job, RowFile& padded) {
+  OUTPUT_GEOSOFT_HEADER(padded.file(), header_of(job));
 }
 
-Status pad_whole(const pad_job& job, std::span<float> cells, platform::BinaryFile& padded,
-                 value_range& range) {
+Status pad_whole(const pad_job& job, std::span<float> cells, RowFile& padded, value_range& range) {
   for (std::int32_t row = 1; row <= job.padded.y_count; ++row) {
     place_row(job, row, row_of(cells, job, row));
   }
@@ -143,7 +141,7 @@ Status pad_whole(const pad_job& job, std::span<float> cells, platform::BinaryFil
   }
   write_padded_header(job, padded);
   const RowFinisher finisher(job);
-  RowBlockWriter output(padded, job.to);
+  RowBlockWriter output(padded);
   for (std::int32_t row = 1; row <= job.padded.y_count; ++row) {
     const std::span<float> finished = row_of(cells, job, row);
     finisher.finish(row, finished, range);
@@ -169,23 +167,24 @@ Status fill_file(const std::filesystem::path& padded) {
   return GRDMIPMAP(fill, filled_count, nothing_in_memory);
 }
 
-Status pad_by_rows(const pad_job& job, platform::BinaryFile& padded, value_range& range) {
+Status pad_by_rows(const pad_job& job, RowFile& padded, value_range& range) {
   std::vector<float> cells(static_cast<std::size_t>(job.padded.x_count));
   write_padded_header(job, padded);
   for (std::int32_t row = 1; row <= job.padded.y_count; ++row) {
     place_row(job, row, cells);
-    write_row(padded, job.to, row, cells);
+    padded.write(row, cells);
   }
   padded.close();
-  if (const Status status = fill_file(padded.path()); status.failed()) {
+  if (const Status status = fill_file(padded.file().path()); status.failed()) {
     return status;
   }
-  padded = platform::BinaryFile(padded.path(), platform::open_mode::read_write);
+  padded = {platform::BinaryFile(padded.file().path(), platform::open_mode::read_write),
+            padded.layout()};
   const RowFinisher finisher(job);
   for (std::int32_t row = 1; row <= job.padded.y_count; ++row) {
-    read_row(padded, job.to, row, cells);
+    padded.read(row, cells);
     finisher.finish(row, cells, range);
-    write_row(padded, job.to, row, cells);
+    padded.write(row, cells);
   }
   return success;
 }
@@ -214,8 +213,7 @@ class WholeGrid {
   std::span<float> cells_;
 };
 
-Status make_padded(const pad_job& job, pad_storage storage, platform::BinaryFile& padded,
-                   value_range& range) {
+Status make_padded(const pad_job& job, pad_storage storage, RowFile& padded, value_range& range) {
   if (storage == pad_storage::whole) {
     if (const WholeGrid grid(job.request.lent, job.padded); !grid.cells().empty()) {
       return pad_whole(job, grid.cells(), padded, range);
@@ -233,16 +231,16 @@ Status GRDPAD(std::string_view input, const std::filesystem::path& padded,
     return pad_input_unreadable;
   }
   const grid_description& grid = opened->description;
-  pad_job job{request, std::move(opened->file), grid, layout_of(grid), {}, {}};
+  pad_job job{request, std::move(opened->rows), grid, {}};
   if (!pads_enclose(request, grid)) {
     return pad_size_impossible;
   }
   job.padded = around(lattice_of(grid), request.column_pad, request.row_pad, request.x_count,
                       request.y_count);
-  job.to = {job.from.storage_sense, request.x_count, request.y_count};
 
   platform::ScratchFile guard(padded);
-  platform::BinaryFile file(padded, platform::open_mode::create);
+  RowFile file(platform::BinaryFile(padded, platform::open_mode::create),
+               {job.from().storage_sense, request.x_count, request.y_count});
   const Status status = make_padded(job, storage, file, range);
   file.close();
   if (!status.failed()) {

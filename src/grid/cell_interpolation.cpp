@@ -24,11 +24,30 @@ constexpr std::size_t points_at_once = 1024;
 
 CellInterpolator::CellInterpolator(const std::filesystem::path& path, const grid_description& grid,
                                    std::int32_t mode)
-    : rows_(path, grid, mode), x_axis_(x_axis(grid)), y_axis_(y_axis(grid)), mode_(mode) {}
+    : rows_(open_rows(path, grid), mode),
+      x_axis_(x_axis(grid)),
+      y_axis_(y_axis(grid)),
+      mode_(mode) {}
 
 CellInterpolator::CellInterpolator(std::span<const float> cells, const grid_description& grid,
                                    std::int32_t mode)
-    : rows_(cells, grid, mode), x_axis_(x_axis(grid)), y_axis_(y_axis(grid)), mode_(mode) {}
+    : rows_(cells, layout_of(grid), mode),
+      x_axis_(x_axis(grid)),
+      y_axis_(y_axis(grid)),
+      mode_(mode) {}
+
+CellInterpolator::CellInterpolator(RowFile rows, const Lattice& lattice, std::int32_t mode)
+    : rows_(std::move(rows), mode),
+      x_axis_(x_axis(lattice)),
+      y_axis_(y_axis(lattice)),
+      mode_(mode) {}
+
+CellInterpolator::CellInterpolator(std::span<const float> cells, std::int32_t storage_sense,
+                                   const Lattice& lattice, std::int32_t mode)
+    : rows_(cells, {storage_sense, lattice.x_count, lattice.y_count}, mode),
+      x_axis_(x_axis(lattice)),
+      y_axis_(y_axis(lattice)),
+      mode_(mode) {}
 
 CellInterpolator::CellInterpolator(const Lattice& lattice, CellRows::row_source rows)
     : rows_(std::move(rows), lattice.x_count, lattice.y_count),

@@ -33,11 +33,16 @@ inline constexpr Status interpolation_bad_call{-1};
 // Throws IoError where the grid is not what its description says or cannot be read.
 class CellInterpolator {
  public:
-  // A standard grid of 4-byte floats on disk.
+  // A standard grid of 4-byte floats on disk; the points lie within the limits that it tells.
   CellInterpolator(const std::filesystem::path& path, const grid_description& grid,
                    std::int32_t mode = 1);
-  // Cells in memory, as CellRows takes them.
+  // Cells in memory in the storage sense of the description; holds_cells must hold for them.
   CellInterpolator(std::span<const float> cells, const grid_description& grid,
+                   std::int32_t mode = 1);
+  // The same for whoever knows a lattice and no description: an open file that holds its cells,
+  // or cells in memory, as CellRows takes them.
+  CellInterpolator(RowFile rows, const Lattice& lattice, std::int32_t mode = 1);
+  CellInterpolator(std::span<const float> cells, std::int32_t storage_sense, const Lattice& lattice,
                    std::int32_t mode = 1);
   // Rows of a lattice from whoever holds them, as CellRows takes them.
   CellInterpolator(const Lattice& lattice, CellRows::row_source rows);

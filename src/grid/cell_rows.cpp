@@ -11,14 +11,11 @@
 
 namespace velmorankite {
 
-CellRows::CellRows(const std::filesystem::path& path, const grid_description& grid,
-                   std::int32_t mode)
-    : file_(path, platform::open_mode::read), layout_(layout_of(grid)), mode_(mode) {
-  check_float_grid(file_, grid);
-}
+CellRows::CellRows(RowFile rows, std::int32_t mode)
+    : file_(std::move(rows)), layout_(file_.layout()), mode_(mode) {}
 
-CellRows::CellRows(std::span<const float> cells, const grid_description& grid, std::int32_t mode)
-    : layout_(layout_of(grid)), mode_(mode) {
+CellRows::CellRows(std::span<const float> cells, const RowLayout& layout, std::int32_t mode)
+    : layout_(layout), mode_(mode) {
   source_ = [cells, layout = layout_](std::int32_t row) {
     const std::int32_t stored =
         layout.storage_sense == sense_top_down ? layout.y_count - row : row - 1;
@@ -69,7 +66,7 @@ void CellRows::fill(std::int64_t row, slot& kept) const {
 void CellRows::read_cells(std::int32_t row, std::int32_t first, std::span<float> cells) const {
   if (file_.is_open()) {
     const std::int64_t ahead = std::int64_t{first - 1} * std::int64_t{sizeof(float)};
-    file_.read_values(layout_.position(row) + ahead, cells);
+    file_.file().read_values(layout_.position(row) + ahead, cells);
     return;
   }
   const auto ahead = static_cast<std::size_t>(first - 1);

@@ -3,13 +3,11 @@
 #pragma once
 #include <array>
 #include <cstdint>
-#include <filesystem>
 #include <functional>
 #include <span>
 
 #include "grid/grid_record.h"
 #include "grid/grid_rows.h"
-#include "platform/binary_file.h"
 #include "platform/large_array.h"
 
 namespace velmorankite {
@@ -19,12 +17,13 @@ namespace velmorankite {
 // Memory is four stretches, however large the grid.
 class CellRows {
  public:
-  // Opens the grid and throws IoError unless it is a sound grid of 4-byte floats. Valid cells are
-  // kept as value_transform.h makes them in `mode`.
-  CellRows(const std::filesystem::path& path, const grid_description& grid, std::int32_t mode);
-  // Cells in memory, row by row: the lowest Y first, for storage sense -2 the highest. They must
-  // outlive this object; holds_cells must hold for them.
-  CellRows(std::span<const float> cells, const grid_description& grid, std::int32_t mode);
+  // An open file that holds all the cells of its layout (check_cells_there). Valid cells are kept
+  // as value_transform.h makes them in `mode`.
+  CellRows(RowFile rows, std::int32_t mode);
+  // Cells in memory, row by row: the lowest Y first, for storage sense -2 the highest; the header's
+  // bytes of the layout do not count. They must outlive this object and be as many as the layout
+  // says.
+  CellRows(std::span<const float> cells, const RowLayout& layout, std::int32_t mode);
   // Cells as they are, of whoever gives whole rows, from 1 at the lowest Y. A row need not last
   // beyond the next one that is asked for.
   using row_source = std::function<std::span<const float>(std::int32_t row)>;
@@ -49,8 +48,8 @@ class CellRows {
   void fill(std::int64_t row, slot& kept) const;
   void read_cells(std::int32_t row, std::int32_t first, std::span<float> cells) const;
 
-  platform::BinaryFile file_;  // open in file mode
-  row_source source_;          // used when it is not
+  RowFile file_;       // open in file mode
+  row_source source_;  // used when it is not
   RowLayout layout_;
   std::int32_t mode_;
   std::array<slot, 4> slots_;

@@ -72,4 +72,10 @@ void write_row(platform::BinaryFile& file, const RowLayout& layout, std::int32_t
   file.write_values(layout.position(row), cells.first(static_cast<std::size_t>(layout.x_count)));
 }
 
+RowFile open_rows(const std::filesystem::path& path, const grid_description& grid) {
+  platform::BinaryFile file(path, platform::open_mode::read);
+  check_float_grid(file, grid);
+  return {std::move(file), layout_of(grid)};
+}
+
 }  // namespace velmorankite

@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 #include <cstdint>
+#include <filesystem>
 #include <span>
+#include <utility>
 
 #include "grid/cell_position.h"
 #include "grid/grid_record.h"
@@ -47,5 +49,35 @@ void read_row(const platform::BinaryFile& file, const RowLayout& layout, std::in
               std::span<float> cells);
 void write_row(platform::BinaryFile& file, const RowLayout& layout, std::int32_t row,
                std::span<const float> cells);
+
+// An open float grid: its file and how its rows lie there.
+class RowFile {
+ public:
+  RowFile() = default;
+  RowFile(platform::BinaryFile file, const RowLayout& layout)
+      : file_(std::move(file)), layout_(layout) {}
+
+  [[nodiscard]] bool is_open() const noexcept { return file_.is_open(); }
+  [[nodiscard]] const platform::BinaryFile& file() const noexcept { return file_; }
+  [[nodiscard]] platform::BinaryFile& file() noexcept { return file_; }
+  [[nodiscard]] const RowLayout& layout() const noexcept { return layout_; }
+
+  // One row, as read_row and write_row move it. Throws IoError.
+  void read(std::int32_t row, std::span<float> cells) const {
+    read_row(file_, layout_, row, cells);
+  }
+  void write(std::int32_t row, std::span<const float> cells) {
+    write_row(file_, layout_, row, cells);
+  }
+  void close() { file_.close(); }
+
+ private:
+  platform::BinaryFile file_;
+  RowLayout layout_;
+};
+
+// Opens a grid for reading, as its description says, and makes sure that it can be read by rows:
+// check_float_grid. Throws IoError.
+[[nodiscard]] RowFile open_rows(const std::filesystem::path& path, const grid_description& grid);
 
 }  // namespace velmorankite

@@ -16,6 +16,7 @@ class RowBlockWriter {
  public:
   // The file must outlive the writer.
   RowBlockWriter(platform::BinaryFile& file, const RowLayout& layout);
+  explicit RowBlockWriter(RowFile& rows) : RowBlockWriter(rows.file(), rows.layout()) {}
 
   // The cells of the next row, to be filled before the next call; what they hold is not defined.
   // Writes the rows before it where they fill a block. Throws IoError.

@@ -56,28 +56,9 @@ bool fill(platform::LargeArray<float>& cells, const Lattice& window) {
   return !fill_levels(cells.span(), window, filled_count).failed();
 }
 
-// The window as a grid from the bottom row up.
-grid_description describe_window(const Lattice& window) {
-  grid_description grid;
-  grid.ints.format_code = format_standard;
-  grid.ints.data_offset = standard_header_bytes;
-  grid.ints.element_code = sizeof(float);
-  grid.ints.element_kind = kind_float;
-  grid.ints.storage_sense = sense_bottom_up;
-  grid.ints.x_count = window.x_count;
-  grid.ints.y_count = window.y_count;
-  grid.reals.x_min = window.x_min;
-  grid.reals.y_min = window.y_min;
-  grid.reals.x_max = window.x(window.x_count);
-  grid.reals.y_max = window.y(window.y_count);
-  grid.reals.x_cell = window.x_cell;
-  grid.reals.y_cell = window.y_cell;
-  return grid;
-}
-
 std::vector<float> sample(const platform::LargeArray<float>& cells, const seam_band& band) {
   std::vector<float> values(band.sample_x.size());
-  CellInterpolator(cells.span(), describe_window(band.window.lattice))
+  CellInterpolator(cells.span(), sense_bottom_up, band.window.lattice)
       .points(band.sample_x, band.sample_y, values);
   return values;
 }

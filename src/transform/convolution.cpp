@@ -28,10 +28,10 @@ class RowWindow {
   }
 
   // Takes the next row of the grid in place of the oldest.
-  void read_next(const platform::BinaryFile& file, const RowLayout& layout) {
+  void read_next(const RowFile& grid) {
     window_row& row = rows_[rows_read_ % rows_.size()];
     ++rows_read_;
-    read_row(file, layout, static_cast<std::int32_t>(rows_read_), row.cells);
+    grid.read(static_cast<std::int32_t>(rows_read_), row.cells);
     row.any_blocked = !std::ranges::all_of(row.cells, is_valid);
     if (row.any_blocked) mark_blocked(row);
   }
@@ -177,9 +177,9 @@ void use_gradient(const RowWindow& window, const filter_parameters& parameters, 
 // Writes `count` rows that hold nothing but `value`.
 void write_edge(const convolution_grids& grids, std::int32_t first, std::int32_t count,
                 float value) {
-  const std::vector<float> cells(static_cast<std::size_t>(grids.output_layout.x_count), value);
+  const std::vector<float> cells(static_cast<std::size_t>(grids.output.layout().x_count), value);
   for (std::int32_t row = first; row < first + count; ++row) {
-    write_row(grids.output, grids.output_layout, row, cells);
+    grids.output.write(row, cells);
   }
 }
 
@@ -187,8 +187,8 @@ void write_edge(const convolution_grids& grids, std::int32_t first, std::int32_t
 // cells from column `first`.
 template <typename Make>
 void pass_over(const convolution_grids& grids, std::size_t h, float edge, const Make& make) {
-  const auto columns = static_cast<std::size_t>(grids.input_layout.x_count);
-  const std::int32_t rows = grids.input_layout.y_count;
+  const auto columns = static_cast<std::size_t>(grids.input.layout().x_count);
+  const std::int32_t rows = grids.input.layout().y_count;
   const std::size_t shorter = std::min(columns, static_cast<std::size_t>(rows));
   if (shorter < 2 * h + 1) {
     write_edge(grids, 1, rows, edge);
@@ -196,18 +196,18 @@ void pass_over(const convolution_grids& grids, std::size_t h, float edge, const 
   }
   RowWindow window(h, columns);
   for (std::size_t k = 0; k < 2 * h; ++k)
-    window.read_next(grids.input, grids.input_layout);
+    window.read_next(grids.input);
   const auto reach = static_cast<std::int32_t>(h);
   write_edge(grids, 1, reach, edge);
   std::vector<float> cells(columns, edge);
   for (std::int32_t row = 1 + reach; row <= rows - reach; ++row) {
-    window.read_next(grids.input, grids.input_layout);
+    window.read_next(grids.input);
     for (std::size_t first = h; first < columns - h; first += block_columns) {
       const std::size_t count = std::min(block_columns, columns - h - first);
       make(window, first, std::span(cells).subspan(first, count));
     }
     window.blank(cells);
-    write_row(grids.output, grids.output_layout, row, cells);
+    grids.output.write(row, cells);
   }
   write_edge(grids, rows - reach + 1, reach, edge);
 }

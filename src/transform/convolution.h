@@ -5,7 +5,6 @@
 #include <span>
 
 #include "grid/grid_rows.h"
-#include "platform/binary_file.h"
 #include "transform/trs_filter.h"
 
 namespace velmorankite {
@@ -13,10 +12,8 @@ namespace velmorankite {
 // A padded grid that is read and one that is written, which may be the same: every row is read
 // before it is overwritten. Both have the same counts and need no header of their own.
 struct convolution_grids {
-  const platform::BinaryFile& input;
-  RowLayout input_layout;
-  platform::BinaryFile& output;
-  RowLayout output_layout;
+  const RowFile& input;
+  RowFile& output;
 };
 
 // Passes a symmetric operator over a grid: w x w weights of the quarter plane, X fastest, the

@@ -34,16 +34,16 @@ Status pass(std::int32_t filter_width, const convolution_grids& grids,
 
 }  // namespace
 
-Status run_convolution_road(const transform_request& request, platform::BinaryFile& padded,
-                            const RowLayout& layout, filter_parameters& parameters,
-                            TransformLog& log) {
+Status run_convolution_road(const transform_request& request, RowFile& padded,
+                            filter_parameters& parameters, TransformLog& log) {
+  const RowLayout& layout = padded.layout();
   // The operator must fit in the padded grid; this also keeps a wild width from taking memory.
   if (request.filter_width < 1 ||
       2 * std::int64_t{request.filter_width} - 1 > std::min(layout.x_count, layout.y_count)) {
     log.line(log_line("Convolution coefficient calculation failed: ", operator_size_invalid.code));
     return transform_design_failed;
   }
-  const convolution_grids grids{padded, layout, padded, layout};
+  const convolution_grids grids{padded, padded};
   if (const Status status = pass(request.filter_width, grids, parameters, log); status.failed()) {
     return status;
   }

@@ -15,8 +15,7 @@ namespace velmorankite {
 // order, takes a second pass.
 // Status: success, or transform_design_failed for a filter without an operator and for an operator
 // larger than the padded grid. Throws IoError.
-Status run_convolution_road(const transform_request& request, platform::BinaryFile& padded,
-                            const RowLayout& layout, filter_parameters& parameters,
-                            TransformLog& log);
+Status run_convolution_road(const transform_request& request, RowFile& padded,
+                            filter_parameters& parameters, TransformLog& log);
 
 }  // namespace velmorankite

@@ -69,14 +69,14 @@ void combine_row(derived_map map, std::span<const float> a, std::span<const floa
 
 void write_derived_map(derived_map map, const gradient_work_grids& work,
                        std::span<const float> array, const fft_geometry& geometry,
-                       platform::BinaryFile& padded, const RowLayout& layout) {
+                       RowFile& padded) {
   const auto width = static_cast<std::size_t>(geometry.nxp);
   std::vector<float> a(width);
   std::vector<float> b(width);
-  RowBlockWriter rows(padded, layout);
+  RowBlockWriter rows(padded);
   for (std::int32_t row = 1; row <= geometry.nyp; ++row) {
-    read_row(work.grids[0], work.layout, row, a);
-    read_row(work.grids[1], work.layout, row, b);
+    work.grids[0].read(row, a);
+    work.grids[1].read(row, b);
     const std::span<float> c = rows.next_row();
     read_window_row(array, geometry, row, c);
     combine_row(map, a, b, c);

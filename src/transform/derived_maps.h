@@ -30,7 +30,6 @@ void combine_row(derived_map map, std::span<const float> a, std::span<const floa
 // Writes a map over the rows of the padded grid: the components along X and Y from the work grids,
 // the third from the array. Throws IoError.
 void write_derived_map(derived_map map, const gradient_work_grids& work,
-                       std::span<const float> array, const fft_geometry& geometry,
-                       platform::BinaryFile& padded, const RowLayout& layout);
+                       std::span<const float> array, const fft_geometry& geometry, RowFile& padded);
 
 }  // namespace velmorankite

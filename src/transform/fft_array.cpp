@@ -28,10 +28,8 @@ void blank_elements(std::span<float> words, float background) {
 // Makes the rows of the array from a padded grid.
 class ArrayRows {
  public:
-  ArrayRows(const platform::BinaryFile& padded, const RowLayout& layout,
-            const fft_geometry& geometry, float background)
+  ArrayRows(const RowFile& padded, const fft_geometry& geometry, float background)
       : padded_(padded),
-        layout_(layout),
         geometry_(geometry),
         background_(background),
         cells_(static_cast<std::size_t>(geometry.nxp)) {}
@@ -44,7 +42,7 @@ class ArrayRows {
       return;
     }
     const std::size_t first = 2 * static_cast<std::size_t>(geometry_.padoffx);
-    read_row(padded_, layout_, row, cells_);
+    padded_.read(row, cells_);
     blank_elements(words.first(first), background_);
     float* const inside = words.data() + first;
     for (std::size_t i = 0; i < cells_.size(); ++i) {
@@ -55,8 +53,7 @@ class ArrayRows {
   }
 
  private:
-  const platform::BinaryFile& padded_;
-  const RowLayout& layout_;
+  const RowFile& padded_;
   const fft_geometry& geometry_;
   float background_;
   std::vector<float> cells_;
@@ -96,18 +93,17 @@ void read_window_row(std::span<const float> array, const fft_geometry& geometry,
   }
 }
 
-void write_window(std::span<const float> array, const fft_geometry& geometry,
-                  platform::BinaryFile& padded, const RowLayout& layout) {
-  RowBlockWriter rows(padded, layout);
+void write_window(std::span<const float> array, const fft_geometry& geometry, RowFile& padded) {
+  RowBlockWriter rows(padded);
   for (std::int32_t row = 1; row <= geometry.nyp; ++row) {
     read_window_row(array, geometry, row, rows.next_row());
   }
   rows.finish();
 }
 
-void transform_padded(const platform::BinaryFile& padded, const RowLayout& layout,
-                      const fft_geometry& geometry, float background, std::span<float> array) {
-  ArrayRows rows(padded, layout, geometry, background);
+void transform_padded(const RowFile& padded, const fft_geometry& geometry, float background,
+                      std::span<float> array) {
+  ArrayRows rows(padded, geometry, background);
   const std::int32_t dimensions[] = {geometry.fftnx, geometry.fftny};
   [[maybe_unused]] const Status status =
       FOURN(array, dimensions, 1, [&rows](std::size_t line, std::span<float> elements) {

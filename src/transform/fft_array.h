@@ -61,14 +61,13 @@ void read_window_row(std::span<const float> array, const fft_geometry& geometry,
                      std::span<float> cells);
 
 // Writes the real parts over all rows of a padded grid. Throws IoError.
-void write_window(std::span<const float> array, const fft_geometry& geometry,
-                  platform::BinaryFile& padded, const RowLayout& layout);
+void write_window(std::span<const float> array, const fft_geometry& geometry, RowFile& padded);
 
 // Sets all of the array to the forward transform of a padded grid: its cells as real parts,
 // `background` round them, the imaginary parts 0. The rows are made just ahead of their own
 // transform. Throws IoError.
-void transform_padded(const platform::BinaryFile& padded, const RowLayout& layout,
-                      const fft_geometry& geometry, float background, std::span<float> array);
+void transform_padded(const RowFile& padded, const fft_geometry& geometry, float background,
+                      std::span<float> array);
 
 // The transform of the whole array, sign as for FOURN.
 void transform_array(std::span<float> array, const fft_geometry& geometry, std::int32_t sign);

@@ -54,14 +54,13 @@ constexpr pass_list passes[] = {
 };
 
 // The mean of the real parts over the valid cells of the input, summed in single precision.
-float mean_of_valid(const fft_run& run, const platform::BinaryFile& input,
-                    const RowLayout& input_layout) {
+float mean_of_valid(const fft_run& run, const RowFile& input) {
   const auto columns = static_cast<std::size_t>(run.geometry.columns);
   std::vector<float> cells(columns);
   float sum = 0.0F;
   std::int64_t count = 0;
   for (std::int32_t row = run.geometry.rows; row >= 1; --row) {
-    read_row(input, input_layout, row, cells);
+    input.read(row, cells);
     const float* const words = run.array.data() + run.geometry.grid_row(row);
     for (std::size_t i = 0; i < columns; ++i) {
       if (is_valid(cells[i])) {
@@ -129,10 +128,9 @@ gradient_work_grids make_work_grids(const fft_run& run) {
   gradient_work_grids work;
   const fft_geometry& g = run.geometry;
   const Lattice lattice = around(run.lattice, g.pad, g.pad, g.nxp, g.nyp);
-  work.layout = {sense_bottom_up, lattice.x_count, lattice.y_count};
-  for (platform::BinaryFile& grid : work.grids) {
-    grid = platform::BinaryFile::anonymous();
-    OUTPUT_GEOSOFT_HEADER(grid, float_grid_header(lattice));
+  for (RowFile& grid : work.grids) {
+    grid = {platform::BinaryFile::anonymous(), {sense_bottom_up, lattice.x_count, lattice.y_count}};
+    OUTPUT_GEOSOFT_HEADER(grid.file(), float_grid_header(lattice));
   }
   return work;
 }
@@ -156,9 +154,8 @@ platform::BinaryFile prepare_gradient_spectrum(const fft_run& run) {
   return spectrum;
 }
 
-void FFTGRAD3(const fft_run& run, float HiCut, const platform::BinaryFile& input,
-              const RowLayout& input_layout, const platform::BinaryFile& spectrum,
-              gradient_work_grids& work) {
+void FFTGRAD3(const fft_run& run, float HiCut, const RowFile& input,
+              const platform::BinaryFile& spectrum, gradient_work_grids& work) {
   const gradient_passes wanted = gradient_passes_of(run.parameters);
   if (wanted == gradient_passes::none) return;
   const pass_list& list = passes[static_cast<std::size_t>(wanted) - 1];
@@ -170,23 +167,22 @@ void FFTGRAD3(const fft_run& run, float HiCut, const platform::BinaryFile& input
     apply(run, true, pass.filter);
     transform_array(run.array, run.geometry, -1);
     if (pass.removes_mean) {
-      subtract_from_window(run, mean_of_valid(run, input, input_layout));
+      subtract_from_window(run, mean_of_valid(run, input));
     }
     if (pass.kept) {
-      write_window(run.array, run.geometry, work.grids[n], work.layout);
+      write_window(run.array, run.geometry, work.grids[n]);
     }
   }
 }
 
-void integrate_padded_grid(const fft_run& run, float LoCut, platform::BinaryFile& padded,
-                           const RowLayout& layout) {
-  transform_padded(padded, layout, run.geometry, 0.0F, run.array);
+void integrate_padded_grid(const fft_run& run, float LoCut, RowFile& padded) {
+  transform_padded(padded, run.geometry, 0.0F, run.array);
   run.parameters.HiCut = 0.0F;
   run.parameters.LoCut = LoCut;
   run.parameters.Par1 = 1.0F;
   apply(run, true, filter_vertical_integral);
   transform_array(run.array, run.geometry, -1);
-  write_window(run.array, run.geometry, padded, layout);
+  write_window(run.array, run.geometry, padded);
 }
 
 }  // namespace velmorankite

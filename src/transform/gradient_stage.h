@@ -39,8 +39,7 @@ enum class gradient_passes : std::uint8_t {
 // The work grids: grids of nxp x nyp cells, sense 1, gone when they are closed. The third is only
 // written where the passes keep it; it is else left in the array.
 struct gradient_work_grids {
-  std::array<platform::BinaryFile, 3> grids;
-  RowLayout layout;
+  std::array<RowFile, 3> grids;
 };
 
 // Makes the three empty work grids of a run. Throws IoError.
@@ -57,18 +56,16 @@ struct gradient_work_grids {
 // mean over the valid cells of the input taken off where the passes ask for it, and the real parts
 // written to the work grid.
 //   HiCut      of every pass.
-//   input      the input grid, for its valid cells; input_layout its rows.
+//   input      the input grid, for its valid cells.
 //   spectrum   file that the second and third pass read; the first takes the array as it is.
 //   run        the array holds the third grid at the end, the parameter set what the passes left
 //              in it; FilterNo stays.
 // Throws IoError.
-void FFTGRAD3(const fft_run& run, float HiCut, const platform::BinaryFile& input,
-              const RowLayout& input_layout, const platform::BinaryFile& spectrum,
-              gradient_work_grids& work);
+void FFTGRAD3(const fft_run& run, float HiCut, const RowFile& input,
+              const platform::BinaryFile& spectrum, gradient_work_grids& work);
 
 // Replaces the rows of the padded grid by their vertical integral of order 1, with LoCut from the
 // call: the last stage of the total gradient where it is asked for. Throws IoError.
-void integrate_padded_grid(const fft_run& run, float LoCut, platform::BinaryFile& padded,
-                           const RowLayout& layout);
+void integrate_padded_grid(const fft_run& run, float LoCut, RowFile& padded);
 
 }  // namespace velmorankite

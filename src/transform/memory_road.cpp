@@ -23,8 +23,8 @@ void compute_spectrum(memory_run& run) {
   run.log.line("Copy input grid data into FFT arrays");
   run.log.line("Calculate forward FFT");
   run.log.pause();
-  transform_padded(run.padded, run.padded_layout, geometry,
-                   run.request.keeps_plane() ? run.facts.average : 0.0F, run.array.span());
+  transform_padded(run.padded, geometry, run.request.keeps_plane() ? run.facts.average : 0.0F,
+                   run.array.span());
   if (is_single_response(run)) {
     run.padded.close();
     run.padded_scratch.remove();  // what the system held of it is at hand for the spectrum
@@ -92,16 +92,13 @@ padded_row_source gradient_map(memory_run& run) {
     spectrum = platform::BinaryFile(run.spectrum, platform::open_mode::read);
   }
   run.work.emplace(make_work_grids(stage));
-  FFTGRAD3(stage, run.request.hi_cut, run.input_file, layout_of(run.input.grid), spectrum,
-           *run.work);
+  FFTGRAD3(stage, run.request.hi_cut, run.input_rows, spectrum, *run.work);
   write_derived_map(derived_map_of(run.parameters), *run.work, run.array.span(), run.geometry,
-                    run.padded, run.padded_layout);
+                    run.padded);
   if (run.request.filter == filter_total_gradient && run.parameters.Opt2 == 1) {
-    integrate_padded_grid(stage, run.request.lo_cut, run.padded, run.padded_layout);
+    integrate_padded_grid(stage, run.request.lo_cut, run.padded);
   }
-  return [&run](std::int32_t row, std::span<float> cells) {
-    read_row(run.padded, run.padded_layout, row, cells);
-  };
+  return [&run](std::int32_t row, std::span<float> cells) { run.padded.read(row, cells); };
 }
 
 }  // namespace

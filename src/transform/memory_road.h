@@ -23,10 +23,9 @@ namespace velmorankite {
 struct memory_run {
   const transform_request& request;
   const transform_input& input;
-  const platform::BinaryFile& input_file;
+  const RowFile& input_rows;
   platform::ScratchFile& padded_scratch;
-  platform::BinaryFile& padded;  // the padded grid; some filters write their result over it
-  const RowLayout& padded_layout;
+  RowFile& padded;  // the padded grid; some filters write their result over it
   const padded_grid_facts& facts;
   const fft_geometry& geometry;
   const std::string& saved_spectrum;  // name of a spectrum that is kept; may be blank

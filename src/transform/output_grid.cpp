@@ -34,7 +34,7 @@ VELMORANKITE_VECTOR_CLONES void add_plane(const plane& trend, double x_cell, dou
 
 value_range GRDOUT(const output_plan& plan, std::int32_t padded_columns,
                    const padded_row_source& padded_row) {
-  const RowLayout from = layout_of(plan.input_grid);
+  const RowLayout& from = plan.input->layout();
   RowLayout to = from;
   to.header_bytes = standard_header_bytes;
   to.storage_sense = from.storage_sense == sense_bottom_up ? sense_bottom_up : sense_top_down;
@@ -47,7 +47,7 @@ value_range GRDOUT(const output_plan& plan, std::int32_t padded_columns,
   value_range range;
   for (std::int32_t row = 1; row <= from.y_count; ++row) {
     const std::span<float> cells = output.next_row();
-    read_row(*plan.input, from, row, cells);
+    plan.input->read(row, cells);
     padded_row(row + plan.pad, padded);
     const double y =
         plane_row(from.storage_sense, from.y_count, row) * plan.input_grid.reals.y_cell;

@@ -8,15 +8,15 @@
 
 #include "condition/plane_fit.h"
 #include "formats/grid_description.h"
+#include "grid/grid_rows.h"
 #include "grid/value_range.h"
-#include "platform/binary_file.h"
 
 namespace velmorankite {
 
 // What GRDOUT takes together.
 struct output_plan {
   std::filesystem::path out_grid;
-  const platform::BinaryFile* input = nullptr;  // standard grid, whose dummies are kept
+  const RowFile* input = nullptr;  // standard grid, whose dummies are kept
   grid_description input_grid;
   std::int32_t pad = 0;    // margin of the padded grid, in cells
   bool add_plane = false;  // put the plane back that was taken out ahead of the transform

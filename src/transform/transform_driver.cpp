@@ -105,7 +105,7 @@ Status allocate_array(transform_run& run) {
   return success;
 }
 
-output_plan plan_output(const transform_run& run, const platform::BinaryFile& input) {
+output_plan plan_output(const transform_run& run, const RowFile& input) {
   output_plan plan;
   plan.out_grid = platform::without_padding(run.request.out_grid);
   plan.input = &input;
@@ -128,20 +128,16 @@ void put_out_components(transform_run& run, memory_run& road, output_plan plan) 
   const auto names = component_names(run.request.out_grid);
   for (std::size_t i = 0; i < names.size(); ++i) {
     plan.out_grid = names[i];
-    const platform::BinaryFile& component = road.work->grids[i];
-    const RowLayout& layout = road.work->layout;
-    (void)GRDOUT(plan, run.geometry.nxp, [&](std::int32_t row, std::span<float> cells) {
-      read_row(component, layout, row, cells);
-    });
+    const RowFile& component = road.work->grids[i];
+    (void)GRDOUT(plan, run.geometry.nxp,
+                 [&](std::int32_t row, std::span<float> cells) { component.read(row, cells); });
   }
 }
 
-Status filter_in_memory(transform_run& run, const platform::BinaryFile& input,
-                        platform::ScratchFile& scratch, platform::BinaryFile& padded,
-                        const RowLayout& padded_layout) {
-  memory_run road{
-      run.request,  run.input,          input,          scratch, padded,   padded_layout, run.facts,
-      run.geometry, run.saved.spectrum, run.parameters, run.log, run.array};
+Status filter_in_memory(transform_run& run, const RowFile& input, platform::ScratchFile& scratch,
+                        RowFile& padded) {
+  memory_run road{run.request,  run.input,          input,          scratch, padded,   run.facts,
+                  run.geometry, run.saved.spectrum, run.parameters, run.log, run.array};
   const padded_row_source rows = run_memory_road(road);
   const output_plan plan = plan_output(run, input);
   put_out(run, plan, rows);
@@ -156,16 +152,13 @@ Status filter_in_memory(transform_run& run, const platform::BinaryFile& input,
   return success;
 }
 
-Status filter_by_convolution(transform_run& run, const platform::BinaryFile& input,
-                             platform::BinaryFile& padded, const RowLayout& padded_layout) {
-  const Status status =
-      run_convolution_road(run.request, padded, padded_layout, run.parameters, run.log);
+Status filter_by_convolution(transform_run& run, const RowFile& input, RowFile& padded) {
+  const Status status = run_convolution_road(run.request, padded, run.parameters, run.log);
   if (status.failed()) {
     return status;
   }
-  put_out(run, plan_output(run, input), [&](std::int32_t row, std::span<float> cells) {
-    read_row(padded, padded_layout, row, cells);
-  });
+  put_out(run, plan_output(run, input),
+          [&](std::int32_t row, std::span<float> cells) { padded.read(row, cells); });
   return success;
 }
 
@@ -176,19 +169,20 @@ Status filter_padded(transform_run& run) {
   if (padding.failed()) {
     return padding;
   }
-  platform::BinaryFile input;
+  RowFile input;
   try {
-    input = platform::BinaryFile(run.input.path, platform::open_mode::read);
+    input = {platform::BinaryFile(run.input.path, platform::open_mode::read),
+             layout_of(run.input.grid)};
   } catch (const platform::IoError& failure) {
     run.log.line("Failed to open the input grid file");
     run.log.line(failure.what());
     return transform_input_unopened;
   }
-  platform::BinaryFile padded(scratch.path(), platform::open_mode::read_write);
-  const RowLayout layout{run.input.grid.ints.storage_sense, run.geometry.nxp, run.geometry.nyp};
+  RowFile padded(platform::BinaryFile(scratch.path(), platform::open_mode::read_write),
+                 {run.input.grid.ints.storage_sense, run.geometry.nxp, run.geometry.nyp});
   return run.request.fft_mode == fft_mode_convolution
-             ? filter_by_convolution(run, input, padded, layout)
-             : filter_in_memory(run, input, scratch, padded, layout);
+             ? filter_by_convolution(run, input, padded)
+             : filter_in_memory(run, input, scratch, padded);
 }
 
 Status filter_grid(transform_run& run) {

@@ -83,7 +83,7 @@ TEST_F(RowsOnDisk, points_far_apart_do_not_read_whole_rows) {
 
 TEST_F(RowsOnDisk, a_row_whose_reading_failed_is_read_again) {
   write(6, 8);
-  CellRows rows(path, grid, 1);
+  CellRows rows(open_rows(path, grid), 1);
   EXPECT_EQ(*rows.stretch(2, 3, 4, 0), cell_at(3, 2));
   struct example {
     std::int32_t row, first;

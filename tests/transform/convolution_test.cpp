@@ -34,14 +34,14 @@ class Pattern {
     p.FilterNo = filter;
     p.CellX = 2.0;
     p.CellY = 4.0;
-    BinaryFile file(path(), open_mode::read_write);
-    WTCONVS(weights, w, p, {file, layout_, file, layout_});
+    RowFile file({path(), open_mode::read_write}, layout_);
+    WTCONVS(weights, w, p, {file, file});
     file.close();
     return testing::read_grid(path());
   }
   std::vector<float> asymmetric(const std::vector<float>& weights, std::int32_t n) {
-    BinaryFile file(path(), open_mode::read_write);
-    WTCONVA(weights, n, {file, layout_, file, layout_});
+    RowFile file({path(), open_mode::read_write}, layout_);
+    WTCONVA(weights, n, {file, file});
     file.close();
     return testing::read_grid(path());
   }
@@ -168,10 +168,10 @@ TEST(AsymmetricConvolution, puts_the_weight_of_a_lag_that_far_from_a_spike) {
   }
   // To another file the input stays.
   Pattern grid(8, 6, spike);
-  const BinaryFile input(grid.path(), open_mode::read);
-  BinaryFile output = BinaryFile::anonymous();
-  WTCONVA(weights, 3, {input, {1, 8, 6}, output, {1, 8, 6}});
-  EXPECT_EQ(output.read_value<float>(512 + 4 * (2 * 8 + 3) + 1), 5.0F);
+  const RowFile input({grid.path(), open_mode::read}, {1, 8, 6});
+  RowFile output(BinaryFile::anonymous(), {1, 8, 6});
+  WTCONVA(weights, 3, {input, output});
+  EXPECT_EQ(output.file().read_value<float>(512 + 4 * (2 * 8 + 3) + 1), 5.0F);
   EXPECT_EQ(testing::read_grid(grid.path())[2 * 8 + 3], 1.0F);
 }
 
@@ -190,14 +190,13 @@ TEST(Convolution, that_cannot_read_or_write_is_an_error) {
   for (const testing::system_call call :
        {testing::system_call::read, testing::system_call::write}) {
     Pattern grid(8, 6, spike);
-    BinaryFile file(grid.path(), open_mode::read_write);
-    const RowLayout layout{1, 8, 6};
+    RowFile file({grid.path(), open_mode::read_write}, {1, 8, 6});
     bool done = false;
     const int failures = testing::fail_each_call(
         call, EIO,
         [&] {
           done = false;
-          WTCONVA(std::vector<float>(9, 1.0F), 3, {file, layout, file, layout});
+          WTCONVA(std::vector<float>(9, 1.0F), 3, {file, file});
           done = true;
         },
         [&](int nth) { EXPECT_FALSE(done) << nth; });

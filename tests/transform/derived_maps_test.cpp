@@ -76,15 +76,16 @@ TEST(GradientStage, mean_is_taken_over_the_valid_cells) {
   testing::write_grid(run.folder() / "in.grd", lattice, [&](std::int32_t column, std::int32_t row) {
     return valid(column, row) ? 1.0F : dummy;
   });
-  const platform::BinaryFile input(run.folder() / "in.grd", platform::open_mode::read);
+  const RowFile input({run.folder() / "in.grd", platform::open_mode::read},
+                      {1, lattice.x_count, lattice.y_count});
   platform::BinaryFile spectrum = platform::BinaryFile::anonymous();
   spectrum.write_values(513, std::span<const float>(run.array()));
   gradient_work_grids work = make_work_grids(run.run());
-  FFTGRAD3(run.run(), 0.0F, input, {1, lattice.x_count, lattice.y_count}, spectrum, work);
+  FFTGRAD3(run.run(), 0.0F, input, spectrum, work);
   std::vector<float> kept(static_cast<std::size_t>(run.geometry().nxp));
   double sum = 0.0;
   for (std::int32_t row = 1; row <= lattice.y_count; ++row) {
-    read_row(work.grids[2], work.layout, row + testing::pad_of_width_1, kept);
+    work.grids[2].read(row + testing::pad_of_width_1, kept);
     for (std::int32_t column = 1; column <= lattice.x_count; ++column) {
       const float cell = kept[static_cast<std::size_t>(column + testing::pad_of_width_1 - 1)];
       if (valid(column, row)) sum += static_cast<double>(cell);
@@ -92,18 +93,18 @@ TEST(GradientStage, mean_is_taken_over_the_valid_cells) {
   }
   EXPECT_NEAR(sum, 0.0, 1.0E-4);
   // The other two keep theirs: the X derivative of the hill is what it is.
-  read_row(work.grids[0], work.layout, 15, kept);
+  work.grids[0].read(15, kept);
   const double x = run.lattice().x(17);
   // What the third loses it loses everywhere, in the margin too.
   const std::vector<float> vertical = run.filtered(102, {1.0F});
   const auto lost = [&](std::int32_t row) {
-    read_row(work.grids[2], work.layout, row, kept);
+    work.grids[2].read(row, kept);
     return vertical[testing::cell_index(3, row, 40)] - kept[2];
   };
   EXPECT_GT(std::abs(lost(15)), 1.0E-4F);
   EXPECT_NEAR(lost(1), lost(15), 1.0E-6F);
   EXPECT_NEAR(lost(30), lost(15), 1.0E-6F);
-  read_row(work.grids[0], work.layout, 15, kept);
+  work.grids[0].read(15, kept);
   EXPECT_NEAR(kept[16], -x / 25.0 * hill(x, run.lattice().y(15)), 1.0E-3);
 }
 
@@ -118,18 +119,19 @@ TEST(GradientStage, components_of_a_field_lose_their_means) {
     const Lattice lattice = run.grid_lattice();
     testing::write_grid(run.folder() / "in.grd", lattice,
                         [](int column, int row) { return row > 9 && column < 20 ? 1.0F : dummy; });
-    const platform::BinaryFile input(run.folder() / "in.grd", platform::open_mode::read);
+    const RowFile input({run.folder() / "in.grd", platform::open_mode::read},
+                        {1, lattice.x_count, lattice.y_count});
     platform::BinaryFile spectrum = platform::BinaryFile::anonymous();
     spectrum.write_values(513, std::span<const float>(run.array()));
     gradient_work_grids work = make_work_grids(run.run());
-    FFTGRAD3(run.run(), 0.0F, input, {1, lattice.x_count, lattice.y_count}, spectrum, work);
+    FFTGRAD3(run.run(), 0.0F, input, spectrum, work);
     const std::vector<float> third = run.window();
     for (std::size_t n = 0; n < 3; ++n) {
       double sum = 0.0;
       for (std::int32_t row = 10; row <= lattice.y_count; ++row) {
         std::vector<float> cells(40);
         if (n < 2) {
-          read_row(work.grids[n], work.layout, row + 4, cells);
+          work.grids[n].read(row + 4, cells);
         } else {
           std::copy_n(&third[testing::cell_index(1, row + 4, 40)], 40, cells.begin());
         }
@@ -148,8 +150,8 @@ TEST(GradientStage, rows_of_a_map_are_integrated_in_place) {
   run.parameters().Par1 = 7.0F;
   run.parameters().HiCut = 0.5F;
   run.parameters().LoCut = 0.5F;
-  integrate_padded_grid(run.run(), 0.0F, run.file(), run.layout());
-  run.file().close();
+  integrate_padded_grid(run.run(), 0.0F, run.padded());
+  run.padded().close();
   EXPECT_EQ(testing::first_difference(expected, testing::read_grid(run.folder() / "padded.grd")),
             "");
 }

@@ -55,10 +55,9 @@ TEST(FftArray, rows_run_from_the_north_in_both_storage_senses) {
   for (const std::int32_t sense : {1, -2}) {
     const testing::TemporaryFolder folder;
     testing::write_grid(folder / "p.grd", {0.0, 0.0, 1.0, 1.0, g.nxp, g.nyp}, cell, sense);
-    const RowLayout layout{sense, g.nxp, g.nyp};
-    platform::BinaryFile file(folder / "p.grd", platform::open_mode::read_write);
+    RowFile file({folder / "p.grd", platform::open_mode::read_write}, {sense, g.nxp, g.nyp});
     std::vector<float> array(g.fftwords(), 77.0F);
-    transform_padded(file, layout, g, 0.5F, array);
+    transform_padded(file, g, 0.5F, array);
     transform_array(array, g, -1);  // there and back: 256 times what was put in
     for (float& word : array)
       word /= 256.0F;
@@ -76,7 +75,7 @@ TEST(FftArray, rows_run_from_the_north_in_both_storage_senses) {
     EXPECT_NEAR(array[g.grid_row(1)], cell(5, 5), rounding);
     EXPECT_NEAR(array[g.grid_row(2) + 4], cell(7, 6), rounding);
 
-    write_window(array, g, file, layout);
+    write_window(array, g, file);
     file.close();
     const std::vector<float> cells = testing::read_grid(folder / "p.grd");
     for (std::size_t i = 0; i < cells.size(); ++i) {

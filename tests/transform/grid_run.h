@@ -27,8 +27,7 @@ class GridRun {
  public:
   GridRun(std::int32_t nxp, std::int32_t nyp, double x_cell, double y_cell,
           std::int32_t storage_sense, const field& value)
-      : lattice_{-0.5 * (nxp - 1) * x_cell, -0.5 * (nyp - 1) * y_cell, x_cell, y_cell, nxp, nyp},
-        layout_{storage_sense, nxp, nyp} {
+      : lattice_{-0.5 * (nxp - 1) * x_cell, -0.5 * (nyp - 1) * y_cell, x_cell, y_cell, nxp, nyp} {
     const fft_geometry& g = plan(nxp, nyp);
     array_.resize(g.fftwords());
     write_grid(
@@ -37,7 +36,8 @@ class GridRun {
           return static_cast<float>(value(lattice_.x(column), lattice_.y(row)));
         },
         storage_sense);
-    file_ = platform::BinaryFile(folder_ / "padded.grd", platform::open_mode::read_write);
+    padded_ = {platform::BinaryFile(folder_ / "padded.grd", platform::open_mode::read_write),
+               {storage_sense, nxp, nyp}};
   }
 
   void load(std::int32_t filter, std::array<float, real_parameters> reals,
@@ -48,7 +48,7 @@ class GridRun {
     ASSERT_FALSE(status.failed());
   }
 
-  void forward() { transform_padded(file_, layout_, geometry_, 0.0F, array_); }
+  void forward() { transform_padded(padded_, geometry_, 0.0F, array_); }
 
   // The grid after one filter.
   std::vector<float> filtered(std::int32_t filter, std::array<float, real_parameters> reals,
@@ -100,8 +100,7 @@ class GridRun {
   }
 
   [[nodiscard]] const TemporaryFolder& folder() const { return folder_; }
-  platform::BinaryFile& file() { return file_; }
-  [[nodiscard]] const RowLayout& layout() const { return layout_; }
+  RowFile& padded() { return padded_; }
   [[nodiscard]] const Lattice& lattice() const { return lattice_; }
   [[nodiscard]] const fft_geometry& geometry() const { return geometry_; }
   std::vector<float>& array() { return array_; }
@@ -117,8 +116,7 @@ class GridRun {
 
   TemporaryFolder folder_;
   Lattice lattice_;  // of the padded grid
-  RowLayout layout_;
-  platform::BinaryFile file_;
+  RowFile padded_;
   fft_geometry geometry_;
   std::vector<float> array_;
   filter_parameters parameters_;

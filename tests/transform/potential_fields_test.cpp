@@ -142,25 +142,25 @@ components components_of(GridRun& run, std::int32_t filter,
   const Lattice lattice = run.grid_lattice();
   testing::write_grid(run.folder() / "in.grd", lattice,
                       [](std::int32_t, std::int32_t) { return 1.0F; });
-  const platform::BinaryFile input(run.folder() / "in.grd", platform::open_mode::read);
-  FFTGRAD3(run.run(), run.high_cut, input, {1, lattice.x_count, lattice.y_count},
-           prepared.is_open() ? prepared : saved, work);
+  const RowFile input({run.folder() / "in.grd", platform::open_mode::read},
+                      {1, lattice.x_count, lattice.y_count});
+  FFTGRAD3(run.run(), run.high_cut, input, prepared.is_open() ? prepared : saved, work);
   components result;
   result.z = run.window();
-  write_derived_map(derived_map_of(run.parameters()), work, run.array(), run.geometry(), run.file(),
-                    run.layout());
-  const auto rows_of = [&](const platform::BinaryFile& file, const RowLayout& layout) {
+  write_derived_map(derived_map_of(run.parameters()), work, run.array(), run.geometry(),
+                    run.padded());
+  const auto rows_of = [&](const RowFile& grid) {
     std::vector<float> cells;
-    std::vector<float> row_cells(static_cast<std::size_t>(layout.x_count));
-    for (std::int32_t row = 1; row <= layout.y_count; ++row) {
-      read_row(file, layout, row, row_cells);
+    std::vector<float> row_cells(static_cast<std::size_t>(grid.layout().x_count));
+    for (std::int32_t row = 1; row <= grid.layout().y_count; ++row) {
+      grid.read(row, row_cells);
       cells.insert(cells.end(), row_cells.begin(), row_cells.end());
     }
     return cells;
   };
-  result.x = rows_of(work.grids[0], work.layout);
-  result.y = rows_of(work.grids[1], work.layout);
-  result.map = rows_of(run.file(), run.layout());
+  result.x = rows_of(work.grids[0]);
+  result.y = rows_of(work.grids[1]);
+  result.map = rows_of(run.padded());
   return result;
 }
 
