@@ -7,17 +7,8 @@
 #include "platform/io_error.h"
 
 namespace velmorankite {
-namespace {
 
-using platform::IoError;
-
-void expect(bool holds, const platform::BinaryFile& file, const std::string& reason) {
-  if (!holds) {
-    throw IoError(file.path(), reason);
-  }
-}
-
-}  // namespace
+using platform::expect;
 
 RowLayout layout_of(const grid_description& grid) noexcept {
   return {grid.ints.storage_sense, grid.ints.x_count, grid.ints.y_count, grid.ints.data_offset};
@@ -31,22 +22,23 @@ Lattice lattice_of(const grid_description& grid) noexcept {
 void check_float_grid(const platform::BinaryFile& file, const grid_description& grid) {
   const grid_ints& ints = grid.ints;
   const grid_reals& reals = grid.reals;
-  expect(ints.element_code == 4 && ints.element_kind == kind_float, file,
+  const std::filesystem::path& path = file.path();
+  expect(ints.element_code == 4 && ints.element_kind == kind_float, path,
          "cells of 4-byte floats expected, element size " + std::to_string(ints.element_code) +
              " and kind " + std::to_string(ints.element_kind) + " found");
-  expect(ints.storage_sense == sense_bottom_up || ints.storage_sense == sense_top_down, file,
+  expect(ints.storage_sense == sense_bottom_up || ints.storage_sense == sense_top_down, path,
          "storage sense 1 or -2 expected, " + std::to_string(ints.storage_sense) + " found");
-  expect(ints.x_count >= 1 && ints.y_count >= 1, file,
+  expect(ints.x_count >= 1 && ints.y_count >= 1, path,
          "counts of at least 1 expected, " + std::to_string(ints.x_count) + " columns and " +
              std::to_string(ints.y_count) + " rows found");
   expect(std::isfinite(reals.x_cell) && std::isfinite(reals.y_cell) && reals.x_cell > 0.0 &&
              reals.y_cell > 0.0,
-         file,
+         path,
          "cell sizes above 0 expected, " + std::to_string(reals.x_cell) + " and " +
              std::to_string(reals.y_cell) + " found");
-  expect(std::isfinite(reals.x_min) && std::isfinite(reals.y_min), file,
+  expect(std::isfinite(reals.x_min) && std::isfinite(reals.y_min), path,
          "a finite origin expected");
-  expect(ints.x_count <= longest_row, file,
+  expect(ints.x_count <= longest_row, path,
          "rows below 2 GiB expected, " + std::to_string(ints.x_count) + " columns found");
   check_cells_there(file, ints.data_offset, ints.x_count, ints.y_count, 4);
 }
@@ -56,7 +48,7 @@ void check_cells_there(const platform::BinaryFile& file, std::int64_t offset, st
   // Below 2^63: a row is below 2^32 bytes and there are below 2^31 of them.
   const std::int64_t wanted = offset + std::int64_t{x_count} * cell_bytes * y_count;
   const std::int64_t there = file.size();
-  expect(there >= wanted, file,
+  expect(there >= wanted, file.path(),
          "the file ends too early: " + std::to_string(x_count) + " columns by " +
              std::to_string(y_count) + " rows need " + std::to_string(wanted) + " bytes, " +
              std::to_string(there) + " are there");

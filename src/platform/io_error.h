@@ -23,6 +23,13 @@ class IoError : public std::runtime_error {
   int error_number_;
 };
 
+// Throws the error unless what was expected of a file holds.
+inline void expect(bool holds, const std::filesystem::path& path, const std::string& reason) {
+  if (!holds) {
+    throw IoError(path, reason);
+  }
+}
+
 // Control characters, which a terminal would obey, as "?": names and files may hold any.
 std::string printable(std::string_view text);
 

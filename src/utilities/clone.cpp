@@ -21,7 +21,7 @@
 namespace velmorankite {
 namespace {
 
-using platform::IoError;
+using platform::expect;
 
 constexpr std::string_view default_target = "outfile.grd";
 constexpr std::size_t shortest_target = 2;  // characters
@@ -44,12 +44,6 @@ Cell cell_of(std::int32_t mode) noexcept {
     return dummy;
   } else {
     return dummy_int16;
-  }
-}
-
-void expect(bool holds, const std::filesystem::path& path, const std::string& reason) {
-  if (!holds) {
-    throw IoError(path, reason);
   }
 }
 
