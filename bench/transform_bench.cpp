@@ -12,6 +12,7 @@
 #include "transform/convolution.h"
 #include "transform/fft_response.h"
 #include "transform/fourn.h"
+#include "transform/trs_filter.h"
 
 #ifdef VELMORANKITE_FFTW
 #include <fftw3.h>

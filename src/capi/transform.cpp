@@ -12,6 +12,7 @@
 #include "capi/failures.h"
 #include "capi/texts.h"
 #include "transform/convolution_design.h"
+#include "transform/filter_index.h"
 #include "transform/fourn.h"
 #include "transform/transform_driver.h"
 

@@ -18,9 +18,9 @@
 #include "platform/binary_file.h"
 #include "platform/large_array.h"
 #include "platform/scratch_file.h"
+#include "transform/filter_index.h"
 #include "transform/run_names.h"
 #include "transform/transform_driver.h"
-#include "transform/trs_filter.h"
 
 namespace velmorankite {
 namespace {

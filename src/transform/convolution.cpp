@@ -10,6 +10,7 @@
 #include "grid/dummy.h"
 #include "platform/vector_clones.h"
 #include "transform/derived_maps.h"
+#include "transform/filter_traits.h"
 
 namespace velmorankite {
 namespace {

@@ -5,7 +5,7 @@
 #include <span>
 
 #include "grid/grid_rows.h"
-#include "transform/trs_filter.h"
+#include "transform/filter_parameters.h"
 
 namespace velmorankite {
 

@@ -7,6 +7,7 @@
 
 #include "transform/complex_response.h"
 #include "transform/convolution_design.h"
+#include "transform/filter_traits.h"
 #include "transform/operator_log.h"
 #include "transform/responses.h"
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "transform/convolution_design.h"
 
+#include "transform/filter_index.h"
+
 namespace velmorankite {
 Status WTDESIGN(const filter_parameters& parameters, std::int32_t n, std::span<float> weights,
                 const log_sink& log) {

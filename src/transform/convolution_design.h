@@ -5,8 +5,8 @@
 #include <span>
 
 #include "grid/status.h"
+#include "transform/filter_parameters.h"
 #include "transform/log_line.h"
-#include "transform/trs_filter.h"
 
 namespace velmorankite {
 

@@ -6,8 +6,9 @@
 
 #include "transform/convolution.h"
 #include "transform/convolution_design.h"
+#include "transform/filter_index.h"
 #include "transform/log_line.h"
-#include "transform/transform_driver.h"
+#include "transform/transform_status.h"
 
 namespace velmorankite {
 namespace {

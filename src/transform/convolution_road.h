@@ -4,9 +4,9 @@
 #include "grid/grid_rows.h"
 #include "grid/status.h"
 #include "platform/binary_file.h"
+#include "transform/filter_parameters.h"
 #include "transform/transform_log.h"
 #include "transform/transform_request.h"
-#include "transform/trs_filter.h"
 
 namespace velmorankite {
 

@@ -6,6 +6,8 @@
 #include <vector>
 
 #include "transform/convolution_design.h"
+#include "transform/filter_index.h"
+#include "transform/filter_traits.h"
 #include "transform/operator_log.h"
 #include "transform/radial_responses.h"
 #include "transform/responses.h"

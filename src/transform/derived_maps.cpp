@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "grid/row_blocks.h"
+#include "transform/filter_traits.h"
 
 namespace velmorankite {
 namespace {

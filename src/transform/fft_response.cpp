@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/vector_clones.h"
+#include "transform/filter_traits.h"
 #include "transform/radial_responses.h"
 #include "transform/responses.h"
 

@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <span>
 
+#include "transform/filter_parameters.h"
 #include "transform/power_spectrum.h"
-#include "transform/trs_filter.h"
 
 namespace velmorankite {
 

@@ -5,7 +5,9 @@
 #include <iterator>
 #include <optional>
 
+#include "transform/filter_index.h"
 #include "transform/filter_steps.h"
+#include "transform/filter_traits.h"
 
 namespace velmorankite {
 namespace {

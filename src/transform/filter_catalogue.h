@@ -6,6 +6,8 @@
 #include <span>
 #include <string_view>
 
+#include "transform/filter_parameters.h"
+#include "transform/filter_traits.h"
 #include "transform/trs_filter.h"
 
 namespace velmorankite {

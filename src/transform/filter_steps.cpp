@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "transform/trs_filter.h"
+
 namespace velmorankite::steps {
 namespace {
 

@@ -8,6 +8,7 @@
 #include "grid/standard_header.h"
 #include "transform/fft_grid.h"
 #include "transform/fft_response.h"
+#include "transform/filter_index.h"
 
 namespace velmorankite {
 namespace {

@@ -9,8 +9,8 @@
 #include "grid/lattice.h"
 #include "platform/binary_file.h"
 #include "transform/fft_array.h"
+#include "transform/filter_parameters.h"
 #include "transform/power_spectrum.h"
-#include "transform/trs_filter.h"
 
 namespace velmorankite {
 

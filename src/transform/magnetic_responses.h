@@ -7,8 +7,8 @@
 
 #include "transform/complex_response.h"
 #include "transform/elementary_functions.h"
+#include "transform/filter_parameters.h"
 #include "transform/radial_responses.h"
-#include "transform/trs_filter.h"
 
 namespace velmorankite {
 

@@ -7,6 +7,7 @@
 #include "transform/derived_maps.h"
 #include "transform/fft_grid.h"
 #include "transform/fft_response.h"
+#include "transform/filter_index.h"
 #include "transform/log_line.h"
 
 namespace velmorankite {

@@ -9,13 +9,13 @@
 #include "platform/large_array.h"
 #include "platform/scratch_file.h"
 #include "transform/fft_array.h"
+#include "transform/filter_parameters.h"
 #include "transform/gradient_stage.h"
 #include "transform/output_grid.h"
 #include "transform/padded_source.h"
 #include "transform/power_spectrum.h"
 #include "transform/transform_log.h"
 #include "transform/transform_request.h"
-#include "transform/trs_filter.h"
 
 namespace velmorankite {
 

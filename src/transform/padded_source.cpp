@@ -9,7 +9,7 @@
 #include "grid/standard_header.h"
 #include "platform/file_tests.h"
 #include "transform/log_line.h"
-#include "transform/transform_driver.h"
+#include "transform/transform_status.h"
 
 namespace velmorankite {
 namespace {

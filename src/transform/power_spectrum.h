@@ -6,7 +6,7 @@
 #include <filesystem>
 #include <string_view>
 
-#include "transform/trs_filter.h"
+#include "transform/filter_parameters.h"
 
 namespace velmorankite {
 

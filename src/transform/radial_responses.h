@@ -11,7 +11,7 @@
 #include <span>
 
 #include "transform/elementary_functions.h"
-#include "transform/trs_filter.h"
+#include "transform/filter_parameters.h"
 
 // A response is made from the parameter set of a run and is then a pure function of u and v, the
 // frequencies along X and Y in cycles per cell. Distances and thicknesses are in cells. What

@@ -6,6 +6,7 @@
 
 #include "platform/vector_clones.h"
 #include "transform/directional_responses.h"
+#include "transform/filter_traits.h"
 #include "transform/magnetic_responses.h"
 #include "transform/radial_responses.h"
 

@@ -4,7 +4,8 @@
 #include <span>
 
 #include "transform/complex_response.h"
-#include "transform/trs_filter.h"
+#include "transform/filter_parameters.h"
+#include "transform/filter_traits.h"
 
 namespace velmorankite {
 

@@ -10,10 +10,13 @@
 #include "grid/cell_position.h"
 #include "platform/file_tests.h"
 #include "platform/padded_text.h"
+#include "transform/filter_index.h"
+#include "transform/filter_traits.h"
 #include "transform/log_line.h"
 #include "transform/power_spectrum.h"
 #include "transform/run_names.h"
-#include "transform/transform_driver.h"
+#include "transform/transform_status.h"
+#include "transform/trs_filter.h"
 
 namespace velmorankite {
 namespace {

@@ -4,9 +4,9 @@
 #include <filesystem>
 
 #include "grid/status.h"
+#include "transform/filter_parameters.h"
 #include "transform/transform_log.h"
 #include "transform/transform_request.h"
-#include "transform/trs_filter.h"
 
 namespace velmorankite {
 

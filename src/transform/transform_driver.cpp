@@ -18,6 +18,7 @@
 #include "platform/padded_text.h"
 #include "platform/scratch_file.h"
 #include "transform/convolution_road.h"
+#include "transform/filter_index.h"
 #include "transform/log_line.h"
 #include "transform/memory_road.h"
 #include "transform/output_grid.h"

@@ -7,7 +7,7 @@
 
 #include "condition/padded_grid.h"
 #include "formats/grid_description.h"
-#include "transform/trs_filter.h"
+#include "transform/filter_parameters.h"
 
 namespace velmorankite {
 

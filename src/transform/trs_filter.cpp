@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "transform/filter_catalogue.h"
+#include "transform/filter_index.h"
 
 namespace velmorankite {
 namespace {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "support/grids.h"
+#include "transform/filter_traits.h"
 #include "transform/responses.h"
 
 namespace velmorankite {

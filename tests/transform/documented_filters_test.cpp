@@ -7,6 +7,7 @@
 #include "support/temporary_folder.h"
 #include "transform/convolution_design.h"
 #include "transform/filter_catalogue.h"
+#include "transform/filter_traits.h"
 
 namespace velmorankite {
 namespace {

@@ -9,7 +9,10 @@
 #include <vector>
 
 #include "support/grids.h"
+#include "transform/filter_index.h"
+#include "transform/filter_traits.h"
 #include "transform/responses.h"
+#include "transform/trs_filter.h"
 
 namespace velmorankite {
 namespace {

@@ -14,6 +14,7 @@
 #include "transform/fft_array.h"
 #include "transform/fft_response.h"
 #include "transform/gradient_stage.h"
+#include "transform/trs_filter.h"
 
 namespace velmorankite::testing {
 

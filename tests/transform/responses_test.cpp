@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "transform/responses.h"
+#include "transform/filter_traits.h"
 
 #include <gtest/gtest.h>
 
