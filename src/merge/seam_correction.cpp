@@ -141,10 +141,38 @@ bool write_spread_residuals(const line_values& points, const Lattice& window,
   return true;
 }
 
+// Each step with words of its own: the same number means other things in other routines.
+bool describe(const std::string& name, grid_description& grid, std::string& why) {
+  grid_texts texts;
+  const Status status = GRDRDH(name, grid, texts);
+  if (status.failed()) {
+    why = name + " cannot be read back: " + status_words("GRDRDH", status);
+  }
+  return !status.failed();
+}
+
+bool continue_residuals(const std::filesystem::path& from, const std::string& to, float distance,
+                        std::string& why) {
+  transform_request request = continuation(from, to, distance);
+  if (!describe(request.in_grid, request.grid, why)) {
+    return false;
+  }
+  transform_range range;
+  const Status status = TRSD(request, range);
+  if (status.failed()) {
+    why = "the continuation of the correction failed: " + status_words("TRSD", status);
+  }
+  return !status.failed();
+}
+
 }  // namespace
 
 std::filesystem::path correction_grid_path(std::string_view report_name) {
   return report_stem(report_name) + "_stitch_grid_smooth.grd";
+}
+
+std::filesystem::path correction_log_path(std::string_view report_name) {
+  return name_run(continuation({}, correction_grid_path(report_name).string(), 0.0F)).log;
 }
 
 std::int32_t smoothing_half_width(float correction_distance, double x_cell,
@@ -217,18 +245,13 @@ Status build_seam_correction(const stitch_parameters& parameters, const seam_ban
     return correction_impossible;
   }
   const std::string output = correction_grid_path(parameters.report_name).string();
-  transform_request request = continuation(spread.path(), output, parameters.correction_distance);
-  grid_texts texts;
-  transform_range range;
   // Both go if the continuation fails.
   platform::ScratchFile grid(output);
-  platform::ScratchFile log(name_run(request).log);
-  Status status = GRDRDH(request.in_grid, request.grid, texts);
-  if (!status.failed()) {
-    status = TRSD(request, range);
+  platform::ScratchFile log(correction_log_path(parameters.report_name));
+  if (!continue_residuals(spread.path(), output, parameters.correction_distance, why)) {
+    return correction_impossible;
   }
-  if (status.failed() || GRDRDH(output, correction.description, texts).failed()) {
-    why = "the continuation of the correction failed: " + status_words("TRSD", status);
+  if (!describe(output, correction.description, why)) {
     return correction_impossible;
   }
   correction.path = output;

@@ -52,6 +52,8 @@ struct seam_correction {
 
 // "<stem>_stitch_grid_smooth.grd".
 [[nodiscard]] std::filesystem::path correction_grid_path(std::string_view report_name);
+// Where the log of its continuation stands.
+[[nodiscard]] std::filesystem::path correction_log_path(std::string_view report_name);
 
 inline constexpr Status correction_impossible{-1};
 

@@ -92,6 +92,25 @@ TEST(SeamCorrection, counts_the_samples_that_both_grids_have_and_goes_on_round_a
     return cells[testing::cell_index(51, 31, 61)];  // of the first sample
   };
   EXPECT_LT(at_the_start(true), at_the_start(false) - 1.0F);
+  // A read that fails at any place is told as what it is.
+  std::string why;
+  std::string all;
+  testing::fail_each_call(
+      testing::system_call::read, EIO,
+      [&] {
+        seam_correction correction;
+        why.clear();
+        if (build_seam_correction(parameters, band, grid_1, grid_2, correction, why).failed()) {
+          throw platform::IoError("seam.txt", why);
+        }
+      },
+      [&](int nth) {
+        EXPECT_EQ(why.find("success"), std::string::npos) << nth << " " << why;
+        EXPECT_FALSE(std::filesystem::exists("seam_stitch_grid_smooth.grd"));
+        all += why;
+      });
+  EXPECT_NE(all.find("seam_stitch_grid_smooth.grd cannot be read back: the first 256 bytes"),
+            std::string::npos);
   const std::string log = testing::read_file("seam_stitch_grid_smooth_trs.log");
   EXPECT_NE(log.find("Filter index : 101 1 2 0\n"), std::string::npos);
   EXPECT_NE(log.find("Allocate padded grid arrays : 129 129\n"), std::string::npos);
