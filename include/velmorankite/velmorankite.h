@@ -320,7 +320,7 @@ VELMORANKITE_API void GRDTMPNAME(char* name, int32_t* length, int32_t* status, s
 /* Deletes a file if it exists. */
 VELMORANKITE_API void GRDFILEDEL(const char* path, size_t path_length);
 
-/* Copies a file and replaces the target. Returns 1 for success, else 0. */
+/* Copies a file and replaces the target, which is another file. Returns 1 for success, else 0. */
 VELMORANKITE_API int32_t GRDFILECOPY(const char* source, const char* target, size_t source_length,
                                      size_t target_length);
 
@@ -593,7 +593,8 @@ VELMORANKITE_API void RDSTITCHDXF(const int32_t* mode, const char* path,
  *   vertex_count, x, y   the line, grid 1 on its right; with room for one vertex more, which is
  *                        appended if the line closes on itself.
  *   out_x_min to out_y_count  the output's lattice; the two maxima only clip the working window.
- *   status               0; -1 if the grids cannot be joined along this line. */
+ *   status               0; -1 if the grids cannot be joined along this line; -9001, with nothing
+ *                        written, also if a result would replace a grid or another result. */
 VELMORANKITE_API void GRIDSTITCH(
     const char* report_name, const char* grid_1, const int32_t* grid_1_ints,
     const double* grid_1_reals, const char* grid_2, const int32_t* grid_2_ints,

@@ -13,8 +13,6 @@
 #include "merge/stitch.h"
 #include "merge/stitch_line.h"
 #include "merge/stitch_parameters.h"
-#include "platform/file_tests.h"
-#include "platform/io_error.h"
 
 using namespace velmorankite::capi;
 
@@ -30,13 +28,6 @@ void line_out(const velmorankite::stitch_line& line, std::size_t first, double* 
   const auto skip = static_cast<std::ptrdiff_t>(std::min(first, line.x.size()));
   std::copy(line.x.begin() + skip, line.x.end(), x + skip);
   std::copy(line.y.begin() + skip, line.y.end(), y + skip);
-}
-
-void keep_output_off(const velmorankite::stitch_parameters& parameters,
-                     const velmorankite::input_grid& grid) {
-  if (velmorankite::platform::same_file(parameters.output_path, grid.path)) {
-    throw velmorankite::platform::IoError(parameters.output_path, "is also an input grid");
-  }
 }
 
 }  // namespace
@@ -85,8 +76,6 @@ void GRIDSTITCH(const char* report_name, const char* grid_1, const std::int32_t*
                                          description_in(grid_1_ints, grid_1_reals)};
     const velmorankite::input_grid second{text_in(grid_2, grid_2_length),
                                           description_in(grid_2_ints, grid_2_reals)};
-    keep_output_off(parameters, first);
-    keep_output_off(parameters, second);
     velmorankite::stitch_line line = line_in(x, y, *vertex_count);
     const std::size_t given = line.x.size();
     velmorankite::stitch_summary summary;

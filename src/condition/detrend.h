@@ -10,6 +10,7 @@
 namespace velmorankite {
 
 inline constexpr Status detrend_no_valid_cell{-1};  // the mean is then 0
+// The grid cannot be written, or would replace the input; the plane: or the residual.
 inline constexpr Status detrend_trend_unwritable{-997};
 inline constexpr Status detrend_residual_unwritable{-998};
 inline constexpr Status detrend_input_unreadable{-999};

@@ -7,20 +7,15 @@
 
 #include "condition/opened_grid.h"
 #include "grid/dummy.h"
-#include "platform/file_tests.h"
 #include "platform/io_error.h"
+#include "platform/keep_apart.h"
 
 namespace velmorankite {
 namespace {
 
-// The staged grid with its header, or nothing where it cannot be written or would replace the
-// input.
+// The staged grid with its header, or nothing where it cannot be written.
 std::optional<platform::StagedFile> stage_grid(const std::filesystem::path& path,
-                                               const detrend_input& input,
                                                const header_writer& write_header) {
-  if (platform::same_file(path, input.rows.file().path())) {
-    return std::nullopt;
-  }
   try {
     platform::StagedFile staged(path);
     write_header(staged.file());
@@ -82,11 +77,16 @@ Status open_detrend_outputs(const detrend_input& input, const std::filesystem::p
                             const std::filesystem::path& trend_path, const RowLayout& layout,
                             const header_writer& write_header,
                             std::optional<detrend_outputs>& outputs) {
-  std::optional<platform::StagedFile> residual = stage_grid(residual_path, input, write_header);
+  if (const auto clash = platform::find_clash(
+          {{input.rows.file().path(), "the input grid"}},
+          {{residual_path, "the residual grid"}, {trend_path, "the grid of the plane"}})) {
+    return clash->result == 0 ? detrend_residual_unwritable : detrend_trend_unwritable;
+  }
+  std::optional<platform::StagedFile> residual = stage_grid(residual_path, write_header);
   if (!residual) {
     return detrend_residual_unwritable;
   }
-  std::optional<platform::StagedFile> trend = stage_grid(trend_path, input, write_header);
+  std::optional<platform::StagedFile> trend = stage_grid(trend_path, write_header);
   if (!trend) {
     return detrend_trend_unwritable;
   }

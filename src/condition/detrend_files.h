@@ -73,8 +73,8 @@ struct detrend_outputs {
 
 using header_writer = std::function<void(platform::BinaryFile&)>;
 
-// Opens both outputs and writes their headers; the rows will lie as `layout` says. Neither may be
-// the input.
+// Opens both outputs and writes their headers; the rows will lie as `layout` says. Neither may
+// replace the input, nor one the other.
 Status open_detrend_outputs(const detrend_input& input, const std::filesystem::path& residual_path,
                             const std::filesystem::path& trend_path, const RowLayout& layout,
                             const header_writer& write_header,

@@ -5,6 +5,7 @@
 #include "formats/describe_grid.h"
 #include "platform/binary_file.h"
 #include "platform/io_error.h"
+#include "platform/keep_apart.h"
 #include "platform/padded_text.h"
 
 namespace velmorankite {
@@ -41,6 +42,8 @@ Status GRID_FILL(std::string_view input_name, std::string_view output_name, std:
   if (const Status status = describe_input(input_name, mode, request.input); status.failed()) {
     return status;
   }
+  platform::keep_apart({{platform::without_padding(input_name), "the grid that is filled"}},
+                       {{platform::without_padding(output_name), "the filled grid"}});
   if (road == 0) {
     return sweep_road_missing;
   }

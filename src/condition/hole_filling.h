@@ -14,7 +14,8 @@ inline constexpr Status sweep_road_missing{-1100};  // road 0, which this versio
 
 // Writes a new standard grid in which the cells without data of another have values.
 //   input_name    a standard grid of 4-byte floats.
-//   output_name   the grid to make; blank: the input is filled in place.
+//   output_name   the grid to make; blank: the input is filled in place. A name that means the
+//                 input's place is refused.
 //   road          not 0: every blank cell is filled from a pyramid of coarser copies. 0: only
 //                 enclosed holes, by sweeps, which this version does not have.
 //   limit         not used on either road.

@@ -7,7 +7,6 @@
 #include <utility>
 
 #include "platform/binary_file.h"
-#include "platform/file_tests.h"
 #include "platform/io_error.h"
 #include "platform/scratch_file.h"
 
@@ -99,10 +98,7 @@ std::unique_ptr<LevelRows> LevelStore::make(std::size_t number) {
                                        static_cast<std::size_t>(lattice.cell_count())));
   }
   std::filesystem::path path = level_file_name(number);
-  if (platform::same_file(path, storage_.input_path)) {
-    throw platform::IoError(storage_.input_path,
-                            "has the name of a scratch file of the fill, so it would be lost");
-  }
+  platform::keep_apart(storage_.kept, {{path, "a scratch file of the fill"}});
   return std::make_unique<FileRows>(lattice, std::move(path), storage_);
 }
 

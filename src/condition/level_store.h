@@ -10,6 +10,7 @@
 
 #include "condition/level_rows.h"
 #include "grid/lattice.h"
+#include "platform/keep_apart.h"
 #include "platform/large_array.h"
 
 namespace velmorankite {
@@ -23,7 +24,7 @@ struct level_storage {
   std::int32_t storage_sense = sense_bottom_up;            // of level files
   float minimum = 0.0F;                                    // for the headers of level files
   float maximum = 0.0F;
-  std::filesystem::path input_path;  // must not be taken for a level file
+  platform::named_files kept;  // what no level file may replace
 };
 
 // As many levels as there is room for are held in memory, the coarsest before all others.

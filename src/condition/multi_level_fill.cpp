@@ -140,11 +140,17 @@ Status GRDMIPMAP(const fill_request& request, std::int64_t& filled_count,
   if (in_place || request.cells.empty()) {
     check_float_grid(input.file(), request.input);
   }
+  const platform::named_file output{platform::without_padding(request.output_name),
+                                    "the filled grid"};
+  platform::named_files kept = request.others;
+  kept.push_back({input.file().path(), "the grid that is filled"});
+  platform::keep_apart(kept, {output});
+  kept.push_back(output);
   const Lattice lattice = around(lattice_of(request.input), request.column_offset,
                                  request.row_offset, request.x_count, request.y_count);
   const input_placement placement{input.layout(), request.column_offset, request.row_offset};
   const level_storage storage{most_cells_in_memory, request.input.ints.storage_sense,
-                              request.minimum, request.maximum, input.file().path()};
+                              request.minimum, request.maximum, kept};
   const base_level level_0 = request.cells.empty()
                                  ? level_from_file(input, lattice, placement, storage)
                                  : level_in_array(request.cells, lattice, placement);

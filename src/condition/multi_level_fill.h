@@ -9,6 +9,7 @@
 #include "formats/grid_description.h"
 #include "grid/lattice.h"
 #include "grid/status.h"
+#include "platform/keep_apart.h"
 
 namespace velmorankite {
 
@@ -31,6 +32,8 @@ struct fill_request {
   std::string_view output_name;  // blank: the filled cells go back to the input file
   float minimum = 0.0F;          // stored as they are in the header of the output
   float maximum = 0.0F;
+  platform::named_files others{};  // of the caller's, beside the input; no file of the fill comes
+                                   // in their place
 };
 
 // Gives every blank cell of a standard grid of 4-byte floats a value and keeps all others, in time
@@ -41,8 +44,9 @@ struct fill_request {
 //                 through a file of its own in the current directory.
 // The output appears under its name only when it is complete. In place, the input is replaced as
 // a whole when all is done, and keeps what stands in it beside its cells.
-// Status: success or fill_impossible, then without an output. Throws IoError; an array that was
-// given then holds nothing in particular.
+// Status: success or fill_impossible, then without an output. Throws IoError, also for an output
+// or a level that would replace the input by whatever name; an array that was given then holds
+// nothing in particular.
 Status GRDMIPMAP(const fill_request& request, std::int64_t& filled_count,
                  std::int64_t most_cells_in_memory = while_memory_lasts);
 

@@ -17,6 +17,7 @@
 #include "grid/dummy.h"
 #include "grid/grid_rows.h"
 #include "grid/row_blocks.h"
+#include "platform/keep_apart.h"
 #include "platform/large_array.h"
 #include "platform/scratch_file.h"
 #include "platform/vector_clones.h"
@@ -31,6 +32,9 @@ struct pad_job {
   grid_description grid;
   Lattice padded;  // lattice of the padded grid
 
+  [[nodiscard]] platform::named_file file() const {
+    return {input.file().path(), "the grid that is padded"};
+  }
   [[nodiscard]] const RowLayout& from() const noexcept { return input.layout(); }
   [[nodiscard]] bool takes_plane() const noexcept {
     return request.detrend_mode < detrend_keeps_plane;
@@ -152,8 +156,9 @@ Status pad_whole(const pad_job& job, std::span<float> cells, RowFile& padded, va
 }
 
 // Fills the padded file in place, level by level through files.
-Status fill_file(const std::filesystem::path& padded) {
+Status fill_file(const std::filesystem::path& padded, const pad_job& job) {
   fill_request fill;
+  fill.others = {job.file()};
   grid_texts texts;
   const std::string name = padded.string();
   if (const Status status = GRDRDH(name, fill.input, texts); status.failed()) {
@@ -175,7 +180,7 @@ Status pad_by_rows(const pad_job& job, RowFile& padded, value_range& range) {
     padded.write(row, cells);
   }
   padded.close();
-  if (const Status status = fill_file(padded.file().path()); status.failed()) {
+  if (const Status status = fill_file(padded.file().path(), job); status.failed()) {
     return status;
   }
   padded = {platform::BinaryFile(padded.file().path(), platform::open_mode::read_write),
@@ -235,6 +240,7 @@ Status GRDPAD(std::string_view input, const std::filesystem::path& padded,
   if (!pads_enclose(request, grid)) {
     return pad_size_impossible;
   }
+  platform::keep_apart({job.file()}, {{padded, "the padded grid"}});
   job.padded = around(lattice_of(grid), request.column_pad, request.row_pad, request.x_count,
                       request.y_count);
 

@@ -46,8 +46,9 @@ enum class pad_storage { whole, by_rows };
 //            detrend mode.
 //   range    out: smallest and largest value of the padded grid.
 // Status: pad_input_unreadable, pad_size_impossible, or that of GRDMIPMAP (a size below 4, no valid
-// cell). On any failure, IoError among them, no file of that name is left. Falls back to rows where
-// the whole grid cannot be allocated.
+// cell). On any failure, IoError among them, no file of that name is left; but where it would
+// replace the input, which is an IoError, all stays as it is. Falls back to rows where the whole
+// grid cannot be allocated.
 Status GRDPAD(std::string_view input, const std::filesystem::path& padded,
               const pad_request& request, value_range& range,
               pad_storage storage = pad_storage::whole);

@@ -59,4 +59,13 @@ std::filesystem::path companion_file(const std::filesystem::path& path) {
   return companion_file(path, grid.ints.format_code);
 }
 
+platform::named_files files_of_grid(const std::filesystem::path& path, const std::string& meaning,
+                                    std::int32_t format_code) {
+  return {{path, meaning}, {companion_file(path, format_code), "a file of " + meaning}};
+}
+
+platform::named_files files_of_grid(const std::filesystem::path& path, const std::string& meaning) {
+  return {{path, meaning}, {companion_file(path), "a file of " + meaning}};
+}
+
 }  // namespace velmorankite

@@ -3,6 +3,9 @@
 #pragma once
 #include <cstdint>
 #include <filesystem>
+#include <string>
+
+#include "platform/keep_apart.h"
 
 namespace velmorankite {
 
@@ -20,5 +23,14 @@ namespace velmorankite {
 
 // The same for a grid whose format is not known yet. An empty path too where it cannot be told.
 [[nodiscard]] std::filesystem::path companion_file(const std::filesystem::path& path);
+
+// A grid and what is read beside it, as inputs that no result may replace.
+//   meaning  what the grid is to the routine at hand, "grid 1".
+[[nodiscard]] platform::named_files files_of_grid(const std::filesystem::path& path,
+                                                  const std::string& meaning,
+                                                  std::int32_t format_code);
+// The same for a grid whose format is not known yet.
+[[nodiscard]] platform::named_files files_of_grid(const std::filesystem::path& path,
+                                                  const std::string& meaning);
 
 }  // namespace velmorankite

@@ -15,6 +15,7 @@
 #include "platform/binary_file.h"
 #include "platform/byte_order.h"
 #include "platform/io_error.h"
+#include "platform/keep_apart.h"
 #include "platform/padded_text.h"
 #include "platform/scratch_file.h"
 
@@ -261,6 +262,10 @@ Status EXPUNCOMPGRID(std::string_view input_name, std::string_view output_name,
   if (platform::without_padding(input_name).empty() ||
       platform::without_padding(output_name).empty()) {
     return expand_name_blank;
+  }
+  if (platform::find_clash({{platform::without_padding(input_name), "the input"}},
+                           {{platform::without_padding(output_name), "the output"}})) {
+    return expand_output_unopened;
   }
   const auto input = attempt(
       [&] { return BinaryFile(platform::without_padding(input_name), platform::open_mode::read); });

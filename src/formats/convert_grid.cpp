@@ -20,8 +20,8 @@
 #include "grid/grid_rows.h"
 #include "grid/scratch_names.h"
 #include "grid/standard_header.h"
-#include "platform/file_tests.h"
 #include "platform/io_error.h"
+#include "platform/keep_apart.h"
 #include "platform/large_array.h"
 #include "platform/padded_text.h"
 #include "platform/scratch_file.h"
@@ -299,8 +299,8 @@ Status GRDRDG(std::string_view input, std::string_view output, grid_description&
   if (storage == cell_storage::none) {
     return conversion_missing;
   }
-  if (to.empty() || platform::same_file(from, to) ||
-      platform::same_file(companion_file(from, grid.ints.format_code), to)) {
+  if (to.empty() || platform::find_clash(files_of_grid(from, "the input", grid.ints.format_code),
+                                         {{to, "the output"}})) {
     return conversion_output_unopened;
   }
   try {

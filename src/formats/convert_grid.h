@@ -11,7 +11,7 @@
 
 namespace velmorankite {
 
-inline constexpr Status conversion_output_unopened{-12};  // or it would be the input itself
+inline constexpr Status conversion_output_unopened{-12};  // or it would replace a file of the input
 inline constexpr Status expansion_failed{-10001};         // of a compressed grid
 inline constexpr Status expansion_unopened{-10002};
 inline constexpr Status expansion_folder_unset{-10901};  // "TEMP", where the folder has no room

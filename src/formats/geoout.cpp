@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
 #include <limits>
 #include <new>
 #include <optional>
@@ -12,6 +13,7 @@
 #include "grid/dummy.h"
 #include "grid/grid_rows.h"
 #include "platform/io_error.h"
+#include "platform/keep_apart.h"
 #include "platform/padded_text.h"
 #include "platform/scratch_file.h"
 
@@ -34,7 +36,13 @@ float undo_transform(std::int32_t transform, float v) {
   return v;
 }
 
-std::optional<platform::StagedFile> stage(std::string_view name) {
+// The output, or nothing where it cannot be opened or would replace the file that is read.
+std::optional<platform::StagedFile> stage(std::string_view name,
+                                          const platform::BinaryFile* source) {
+  const std::filesystem::path input = source != nullptr ? source->path() : "";
+  if (platform::find_clash({{input, "the source"}}, {{name, "the output"}})) {
+    return std::nullopt;
+  }
   try {
     return platform::StagedFile(name);
   } catch (const platform::IoError&) {
@@ -85,7 +93,7 @@ Status GEOOUT(std::string_view name, const float_source& source, const Lattice& 
       !source_suffices(source, lattice)) {
     return geoout_failed;
   }
-  std::optional<platform::StagedFile> staged = stage(platform::without_padding(name));
+  std::optional<platform::StagedFile> staged = stage(platform::without_padding(name), source.unit);
   if (!staged) {
     return geoout_failed;
   }
@@ -216,7 +224,7 @@ Status GEOOUTI2(std::string_view name, const int16_source& source, const Lattice
   if (path.size() < 2) {
     path = "outfile.grd";
   }
-  std::optional<platform::StagedFile> staged = stage(path);
+  std::optional<platform::StagedFile> staged = stage(path, source.unit);
   if (!staged) {
     return geoout_failed;
   }

@@ -36,7 +36,8 @@ struct float_source {
 //                one), anything else leaves values as they are.
 //   z_min        in: the constant; out: smallest value written.  z_max  out: largest.
 // Without any value they end as 1.0E32 and -1.0E32. Status: success or geoout_failed (name, array
-// too short, output cannot be opened). Throws IoError for a read or write that fails.
+// too short, output cannot be opened or would replace the file of the unit). Throws IoError for a
+// read or write that fails.
 Status GEOOUT(std::string_view name, const float_source& source, const Lattice& lattice,
               std::int32_t sense, float input_dummy, std::int32_t transform, float& z_min,
               float& z_max);

@@ -10,6 +10,7 @@
 #include <system_error>
 
 #include "platform/file_tests.h"
+#include "platform/keep_apart.h"
 #include "platform/padded_text.h"
 #include "platform/process.h"
 #include "platform/system.h"
@@ -29,6 +30,8 @@ void GRDFILEDEL(std::string_view path) {
 }
 
 bool GRDFILECOPY(std::string_view source, std::string_view target) {
+  platform::keep_apart({{without_padding(source), "the file that is copied"}},
+                       {{without_padding(target), "the copy"}});
   return platform::copy_whole_file(without_padding(source), without_padding(target));
 }
 

@@ -15,7 +15,7 @@ namespace velmorankite {
 void GRDFILEDEL(std::string_view path);
 
 // Copies a file and replaces the target, which keeps its old contents if the copy fails. True for
-// success.
+// success. Throws IoError where both names mean one file.
 [[nodiscard]] bool GRDFILECOPY(std::string_view source, std::string_view target);
 
 inline constexpr Status temporary_name_failed{-1};

@@ -20,7 +20,7 @@ constexpr status_row rows[] = {
     {"CALC_FILTER_COEFFICIENTS", -3003, "columns and rows are not the same odd number"},
     {"EXPUNCOMPGRID", -20000, "a blank name"},
     {"EXPUNCOMPGRID", -20001, "the input cannot be opened"},
-    {"EXPUNCOMPGRID", -20002, "the output cannot be opened"},
+    {"EXPUNCOMPGRID", -20002, "the output cannot be opened, or would replace the input"},
     {"EXPUNCOMPGRID", -20005, "the grid is not compressed"},
     {"EXPUNCOMPGRID", -20007, "the header cannot be written"},
     {"EXPUNCOMPGRID", -20020, "a block is too large for the reader"},
@@ -32,9 +32,10 @@ constexpr status_row rows[] = {
     {"FSYSTEM", -1, "the command could not be run or ended with a status other than 0"},
     {"GEOOUT", -1,
      "a name of fewer than 3 characters, a lattice or an array that is not sound, or an output "
-     "that cannot be opened"},
+     "that cannot be opened or would replace the file of the unit"},
     {"GEOOUTI2", -1,
-     "no such unit, a lattice or an array that is not sound, or an output that cannot be opened"},
+     "no such unit, a lattice or an array that is not sound, or an output that cannot be opened or "
+     "would replace the file of the unit"},
     {"GEO_CELL_INTERPOLATION", -1,
      "no points, a blank path, or fewer cells in memory than the description says"},
     {"GETBUF", -1, "the file ends before"},
@@ -47,7 +48,7 @@ constexpr status_row rows[] = {
      "a blank name, a format of images, no file with the cells, a window outside the grid, or no "
      "memory"},
     {"GRDRDG", -11, "no conversion exists for the format"},
-    {"GRDRDG", -12, "the output cannot be opened, or is the input"},
+    {"GRDRDG", -12, "the output cannot be opened, or would replace a file of the input"},
     {"GRDRDG", -27, "GXF: no line with \"#GRID\""},
     {"GRDRDG", -1001,
      "the first line of the cells cannot be read; ZMap: the header does not end with \"@\""},
@@ -126,8 +127,9 @@ constexpr status_row rows[] = {
     {"GRDTMPNAME", -1, "all 257 scratch names of the stem are taken, or its buffer has no room"},
     {"GRIDSTITCH", -1, "the grids cannot be joined along this line"},
     {"GRID_DETREND_PLANE", -1, "the grid has no valid cell"},
-    {"GRID_DETREND_PLANE", -997, "the grid of the plane cannot be written"},
-    {"GRID_DETREND_PLANE", -998, "the residual grid cannot be written"},
+    {"GRID_DETREND_PLANE", -997,
+     "the grid of the plane cannot be written, or would replace the input or the residual grid"},
+    {"GRID_DETREND_PLANE", -998, "the residual grid cannot be written, or would replace the input"},
     {"GRID_DETREND_PLANE", -999, "the input cannot be described or opened"},
     {"GRID_FILL", -1, "the grid has no valid cell, or fewer than 4 columns or rows"},
     {"GRID_FILL", -999, "the input cannot be opened"},
@@ -138,7 +140,8 @@ constexpr status_row rows[] = {
      "an element size other than 1, 2 and 4, a count below 1 or a spacing not above 0"},
     {"SETBUFFPOS", -1, "an offset below 0"},
     {"TRSD", -1001,
-     "a grid has no name, a file of the run would replace the input or the output, the storage "
+     "a grid has no name, a file of the run would replace the input or another of the run, the "
+     "storage "
      "sense is neither 1 nor -2, or a cell size is not above 0"},
     {"TRSD", -1002, "the filter is not available on this road in this version"},
     {"TRSD", -1003, "the padding width is not above 0"},

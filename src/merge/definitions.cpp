@@ -1,21 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "merge/definitions.h"
 
+#include <algorithm>
 #include <array>
 #include <initializer_list>
+#include <iterator>
 #include <limits>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "formats/companion_file.h"
-#include "merge/seam_correction.h"
-#include "merge/seam_mismatch.h"
-#include "platform/file_tests.h"
+#include "merge/stitch.h"
 #include "platform/io_error.h"
+#include "platform/keep_apart.h"
 #include "platform/list_directed.h"
 #include "platform/text_file.h"
-#include "transform/run_names.h"
 
 namespace velmorankite {
 namespace {
@@ -102,43 +101,14 @@ void DefinitionsReader::numbers(const std::string& meaning,
 // No input may be lost to a result, and no result to another.
 void keep_files_apart(const DefinitionsReader& reader, const std::filesystem::path& definitions,
                       const merge_definitions& d) {
-  struct named_file {
-    int line;
-    std::string_view meaning;
-    std::filesystem::path path;
-  };
-  const named_file inputs[] = {{0, "the definitions file", definitions},
-                               {2, "grid 1", d.grid_1_file},
-                               {2, "a file of grid 1", companion_file(d.grid_1_file)},
-                               {3, "grid 2", d.grid_2_file},
-                               {3, "a file of grid 2", companion_file(d.grid_2_file)},
-                               {4, "the stitch line", d.stitch_line_file}};
-  std::vector<named_file> results = {
-      {5, "the output grid", d.stitch.output_path},
-      {6, "the mismatch report", mismatch_report_path(d.stitch.report_name)}};
-  if (d.stitch.correction_distance > 0.0F) {
-    const std::filesystem::path correction = correction_grid_path(d.stitch.report_name);
-    transform_request continuation;
-    continuation.out_grid = correction.string();
-    const run_names names = name_run(continuation);
-    results.push_back({6, "the correction grid", correction});
-    results.push_back({6, "the log of the correction", names.log});
-  }
-  const auto keep_apart = [&reader](const named_file& result, const named_file& other) {
-    if (platform::same_place(result.path, other.path)) {
-      std::string reason(result.meaning);
-      reason.append(" would replace ").append(other.meaning).append(" (");
-      reason.append(result.path.string()).append("), a name of its own is expected");
-      throw reader.fault(result.line, reason);
-    }
-  };
-  for (std::size_t i = 0; i < results.size(); ++i) {
-    for (const named_file& input : inputs) {
-      keep_apart(results[i], input);
-    }
-    for (std::size_t earlier = 0; earlier < i; ++earlier) {
-      keep_apart(results[i], results[earlier]);
-    }
+  constexpr int output_line = 5;
+  constexpr int report_line = 6;  // from which all other results have their names
+  platform::named_files inputs{{definitions, "the definitions file"},
+                               {d.stitch_line_file, "the stitch line"}};
+  std::ranges::move(files_of_grid(d.grid_1_file, "grid 1"), std::back_inserter(inputs));
+  std::ranges::move(files_of_grid(d.grid_2_file, "grid 2"), std::back_inserter(inputs));
+  if (const auto clash = platform::find_clash(inputs, results_of(d.stitch))) {
+    throw reader.fault(clash->result == 0 ? output_line : report_line, clash->reason);
   }
 }
 

@@ -5,10 +5,12 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <iterator>
 #include <optional>
 #include <span>
 #include <vector>
 
+#include "formats/companion_file.h"
 #include "grid/cell_interpolation.h"
 #include "grid/row_blocks.h"
 #include "grid/standard_header.h"
@@ -200,7 +202,27 @@ bool has_room(const std::filesystem::path& path, const Lattice& lattice, std::st
   return false;
 }
 
+void keep_results_apart(const stitch_parameters& parameters, const input_grid& grid_1,
+                        const input_grid& grid_2) {
+  platform::named_files inputs =
+      files_of_grid(grid_1.path, "grid 1", grid_1.description.ints.format_code);
+  std::ranges::move(files_of_grid(grid_2.path, "grid 2", grid_2.description.ints.format_code),
+                    std::back_inserter(inputs));
+  platform::keep_apart(inputs, results_of(parameters));
+}
+
 }  // namespace
+
+platform::named_files results_of(const stitch_parameters& parameters) {
+  platform::named_files results{
+      {parameters.output_path, "the output grid"},
+      {mismatch_report_path(parameters.report_name), "the mismatch report"}};
+  if (parameters.correction_distance > 0.0F) {
+    results.push_back({correction_grid_path(parameters.report_name), "the correction grid"});
+    results.push_back({correction_log_path(parameters.report_name), "the log of the correction"});
+  }
+  return results;
+}
 
 Status GRIDSTITCH(const stitch_parameters& parameters, const input_grid& grid_1,
                   const input_grid& grid_2, stitch_line& line, stitch_summary& summary,
@@ -209,6 +231,7 @@ Status GRIDSTITCH(const stitch_parameters& parameters, const input_grid& grid_1,
     why = fault->text;
     return stitch_impossible;
   }
+  keep_results_apart(parameters, grid_1, grid_2);
   // First of all, so that a place that cannot be written costs no work and leaves no report.
   platform::StagedFile output(parameters.output_path);
   if (!has_room(output.target(), parameters.lattice, why)) {

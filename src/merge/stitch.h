@@ -8,6 +8,7 @@
 #include "merge/seam_mismatch.h"
 #include "merge/stitch_line.h"
 #include "merge/stitch_parameters.h"
+#include "platform/keep_apart.h"
 
 namespace velmorankite {
 
@@ -20,6 +21,10 @@ struct stitch_summary {
 
 inline constexpr Status stitch_impossible{-1};
 
+// What a stitch writes, the output grid first. No two of them may mean one place, and none the
+// place of an input.
+[[nodiscard]] platform::named_files results_of(const stitch_parameters& parameters);
+
 // Joins two grids along a line and writes the merged grid, `<stem>_mismatch.dat` and, with a
 // correction distance above 0, the correction grid with its log.
 //   parameters      see stitch_parameters.h; values with which no stitch can be done are refused
@@ -28,7 +33,8 @@ inline constexpr Status stitch_impossible{-1};
 //   summary         out
 //   why             out: a sentence, when the status is not success
 // Status: success or stitch_impossible, then without a merged grid. That appears under its name
-// only when it is complete. Throws IoError.
+// only when it is complete. Throws IoError, ahead of any work where a result would replace a grid,
+// a file that belongs to one, or another result.
 // Memory: three floats a cell of the working window and the pyramid of one fill beside some rows;
 // the grids themselves are read by rows, and may be much larger.
 Status GRIDSTITCH(const stitch_parameters& parameters, const input_grid& grid_1,

@@ -1,14 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "transform/transform_checks.h"
 
-#include <algorithm>
 #include <filesystem>
-#include <iterator>
-#include <vector>
 
 #include "formats/companion_file.h"
 #include "grid/cell_position.h"
-#include "platform/file_tests.h"
 #include "platform/padded_text.h"
 #include "transform/filter_index.h"
 #include "transform/filter_traits.h"
@@ -33,38 +29,32 @@ Status check_names(const transform_request& request, TransformLog& log) {
   return success;
 }
 
-// What a run may write or delete under names of its own, but for the output and the log.
-std::vector<std::filesystem::path> side_products(const transform_request& request,
-                                                 const filter_parameters& parameters) {
+// What a run may write or delete under names of its own.
+platform::named_files results_of(const transform_request& request,
+                                 const filter_parameters& parameters) {
   const reuse_names saved = name_reuse(request);
-  std::vector<std::filesystem::path> products{saved.padded, saved.spectrum};
+  const run_names names = name_run(request);
+  platform::named_files results{{platform::without_padding(request.out_grid), "the output grid"},
+                                {names.log, "the log of the run"},
+                                {saved.padded, "the saved padded grid"},
+                                {saved.spectrum, "the saved spectrum"}};
   if (request.power_file) {
-    products.push_back(power_file_name(name_run(request).power_stem, parameters));
+    results.push_back({power_file_name(names.power_stem, parameters), "the power spectrum"});
   }
   if (request.filter == filter_vrmi) {
-    std::ranges::copy(component_names(request.out_grid), std::back_inserter(products));
+    for (const std::filesystem::path& component : component_names(request.out_grid)) {
+      results.push_back({component, "a component of the field"});
+    }
   }
-  return products;
+  return results;
 }
 
-// Neither the input nor the output may be lost to another file of the run.
 Status keep_files_apart(const transform_request& request, const filter_parameters& parameters,
                         TransformLog& log) {
-  const std::filesystem::path output = platform::without_padding(request.out_grid);
-  const auto refuse = [&log](const std::filesystem::path& product, std::string_view lost) {
-    log.line(product.string().append(" would replace the ").append(lost).append(" grid"));
+  if (const auto clash =
+          platform::find_clash(inputs_of(request), results_of(request, parameters))) {
+    log.line(clash->reason);
     return transform_arguments_invalid;
-  };
-  if (is_input(output, request)) {
-    return refuse(output, "input");
-  }
-  for (const std::filesystem::path& product : side_products(request, parameters)) {
-    if (is_input(product, request)) {
-      return refuse(product, "input");
-    }
-    if (platform::same_place(product, output)) {
-      return refuse(product, "output");
-    }
   }
   return success;
 }
@@ -166,10 +156,9 @@ Status load_filter(const transform_request& request, TransformLog& log,
 
 }  // namespace
 
-bool is_input(const std::filesystem::path& path, const transform_request& request) {
-  const std::filesystem::path input = platform::without_padding(request.in_grid);
-  return platform::same_place(path, input) ||
-         platform::same_place(path, companion_file(input, request.grid.ints.format_code));
+platform::named_files inputs_of(const transform_request& request) {
+  return files_of_grid(platform::without_padding(request.in_grid), "the input grid",
+                       request.grid.ints.format_code);
 }
 
 Status check_request(const transform_request& request, TransformLog& log,

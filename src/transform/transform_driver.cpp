@@ -14,6 +14,7 @@
 #include "grid/scratch_names.h"
 #include "platform/file_tests.h"
 #include "platform/io_error.h"
+#include "platform/keep_apart.h"
 #include "platform/large_array.h"
 #include "platform/padded_text.h"
 #include "platform/scratch_file.h"
@@ -235,9 +236,8 @@ void close_log(const transform_run& run) {
 Status TRSD(const transform_request& request, transform_range& range) {
   range.OutMax = 1.0F;
   const std::string log_name = name_run(request).log;
-  if (is_input(log_name, request)) {
-    throw platform::IoError(log_name, "is the input grid, which the log of the run would replace");
-  }
+  // The only result that is there before the others are checked, so that it can tell of them.
+  platform::keep_apart(inputs_of(request), {{log_name, "the log of the run"}});
   TransformLog log(log_name);
   log.line("Transform log file");
   filter_parameters parameters;

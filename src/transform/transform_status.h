@@ -5,7 +5,7 @@
 
 namespace velmorankite {
 
-inline constexpr Status transform_arguments_invalid{-1001};  // a name, the sense, a cell size
+inline constexpr Status transform_arguments_invalid{-1001};  // names, the sense, a cell size
 inline constexpr Status transform_not_available{-1002};      // a road or filter of a later version
 inline constexpr Status transform_padding_invalid{-1003};
 inline constexpr Status transform_road_unknown{-1004};  // FftMode above 1

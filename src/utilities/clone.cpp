@@ -12,8 +12,8 @@
 #include "grid/dummy.h"
 #include "grid/grid_rows.h"
 #include "grid/standard_header.h"
-#include "platform/file_tests.h"
 #include "platform/io_error.h"
+#include "platform/keep_apart.h"
 #include "platform/large_array.h"
 #include "platform/padded_text.h"
 #include "platform/scratch_file.h"
@@ -140,7 +140,7 @@ Status GEOCLONE(std::string_view source_path, std::string_view target_path, std:
   if (target.size() < shortest_target) {
     target = default_target;
   }
-  expect(!platform::same_file(source.path(), target), target, "is the grid that is cloned");
+  platform::keep_apart({{source.path(), "the grid that is cloned"}}, {{target, "the clone"}});
 
   platform::StagedFile staged(target);
   OUTPUT_GEOSOFT_HEADER(staged.file(), header_of(grid));

@@ -22,7 +22,7 @@ inline constexpr std::int32_t clone_dummies = -1;
 //   mode         copy, zeros or dummies. Cells of 4 bytes are taken as floats and all others as
 //                16-bit integers, for which alone this is meant beside floats.
 // Status: success, or that of GRDRDH for the source. Throws IoError if the source is no plain
-// standard grid that its file holds whole, if both paths lead to one file, or if a copy is asked
+// standard grid that its file holds whole, if both paths mean one file, or if a copy is asked
 // for in a sense that the header cannot tell (other than 1 and -2).
 Status GEOCLONE(std::string_view source_path, std::string_view target_path, std::int32_t mode);
 

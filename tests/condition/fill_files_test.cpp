@@ -228,6 +228,14 @@ TEST_F(FillFiles, input_that_would_be_lost_or_has_shrunk_is_refused) {
   std::filesystem::resize_file(input, 1000);
   EXPECT_THROW((void)fill(), IoError);
   EXPECT_EQ(folder.names(), names{input});
+  // Nor does an output go the way of a level file.
+  std::filesystem::remove(input);
+  input = "a.grd";
+  write(some_level());
+  request.output_name = "mmap_level_001.grd";
+  EXPECT_THROW((void)fill(nothing_in_memory), IoError);
+  EXPECT_EQ(folder.names(), names{"a.grd"});
+  EXPECT_EQ(fill(), success);
 }
 
 }  // namespace

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "condition/edge_taper.h"
+#include "platform/io_error.h"
 #include "support/failing_system.h"
 #include "support/grids.h"
 #include "support/temporary_folder.h"
@@ -163,6 +164,14 @@ TEST_F(PaddedGrid, impossible_requests_and_failing_files_leave_nothing) {
   write_grid(folder / "in.grd", {0.0, 0.0, 1.0, 1.0, 4, 4}, [](int, int) { return dummy; });
   EXPECT_TRUE(GRDPAD(input, folder / "pad.grd", request, range).failed());
   EXPECT_EQ(folder.names(), names{"in.grd"});
+  // No level of the fill, which goes through a file, takes the place of the input.
+  write_grid("mmap_level_001.grd", {0.0, 0.0, 1.0, 1.0, 4, 4}, field);
+  const std::string before = testing::read_file("mmap_level_001.grd");
+  EXPECT_THROW(static_cast<void>(
+                   GRDPAD("./mmap_level_001.grd", "pad.grd", request, range, pad_storage::by_rows)),
+               platform::IoError);
+  EXPECT_EQ(testing::read_file("mmap_level_001.grd"), before);
+  EXPECT_EQ(folder.names(), (names{"in.grd", "mmap_level_001.grd"}));
 }
 
 TEST(EdgeTaper, rises_from_nothing_at_the_edge_and_stays_within_the_margin) {

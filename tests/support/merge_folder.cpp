@@ -54,7 +54,9 @@ run_text MergeFolder::run(const std::function<void(std::string_view)>& on_line) 
 std::map<std::string, std::string> MergeFolder::contents() const {
   std::map<std::string, std::string> files;
   for (const std::string& name : names()) {
-    files[name] = read_file(folder_ / name);
+    if (std::filesystem::is_regular_file(folder_ / name)) {
+      files[name] = read_file(folder_ / name);
+    }
   }
   return files;
 }

@@ -164,12 +164,8 @@ TEST_F(GridClone, a_source_that_is_no_whole_plain_grid_is_refused_before_a_targe
   }
 }
 
-TEST_F(GridClone, a_clone_onto_itself_or_a_failing_file_leaves_the_source_alone) {
+TEST_F(GridClone, a_failing_file_leaves_the_source_alone) {
   const std::string source = read_file(from);
-  std::filesystem::create_symlink(from, folder / "link.grd");
-  EXPECT_THROW((void)GEOCLONE(from, (folder / "link.grd").string(), 1), platform::IoError);
-  EXPECT_EQ(read_file(from), source);
-  std::filesystem::remove(folder / "link.grd");
   for (const testing::system_call call :
        {testing::system_call::open, testing::system_call::read, testing::system_call::write,
         testing::system_call::rename}) {
