@@ -10,8 +10,8 @@
 #include <span>
 #include <stdexcept>
 
+#include "capi/status_table.h"
 #include "capi/texts.h"
-#include "grid/status_text.h"
 #include "platform/io_error.h"
 
 namespace velmorankite::capi {
@@ -56,7 +56,7 @@ std::int32_t failure_in_flight(std::string_view routine) noexcept {
     remember_failure(routine, error.what());
     return VELMORANKITE_FILE_FAILED;
   } catch (const std::bad_alloc&) {
-    remember_failure(routine, status_text({}, Status{VELMORANKITE_OUT_OF_MEMORY}));
+    remember_failure(routine, out_of_memory_words);
     return VELMORANKITE_OUT_OF_MEMORY;
   } catch (const TextTooLong& error) {
     remember_failure(routine, error.what());
@@ -65,14 +65,14 @@ std::int32_t failure_in_flight(std::string_view routine) noexcept {
     remember_failure(routine, error.what());
     return VELMORANKITE_FAILED;
   } catch (...) {
-    remember_failure(routine, status_text({}, Status{VELMORANKITE_FAILED}));
+    remember_failure(routine, unforeseen_words);
     return VELMORANKITE_FAILED;
   }
 }
 
-std::int32_t number_of(std::string_view routine, Status status) {
+std::int32_t number_of(std::string_view routine, Status status, std::int32_t format_code) {
   if (status.failed()) {
-    remember_failure(routine, status_words(routine, status));
+    remember_failure(routine, status_words(capi_statuses, routine, status, format_code));
   }
   return status.code;
 }

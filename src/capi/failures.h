@@ -18,7 +18,8 @@ void remember_failure(std::string_view routine, std::string_view words) noexcept
 std::int32_t failure_in_flight(std::string_view routine) noexcept;
 
 // Remembers the words of a status, if it is a failure, and gives its number.
-std::int32_t number_of(std::string_view routine, Status status);
+//   format_code  of the grid at hand, 0 where there is none.
+std::int32_t number_of(std::string_view routine, Status status, std::int32_t format_code = 0);
 
 // Runs the body of a routine, which gives a Status; no exception leaves it.
 template <typename Body>
@@ -30,15 +31,14 @@ std::int32_t guarded(std::string_view routine, Body&& body) noexcept {
   }
 }
 
-// The same with words of the caller's for a failing status.
-template <typename Body, typename Words>
-std::int32_t guarded(std::string_view routine, Body&& body, Words&& words) noexcept {
+// The same for a routine whose numbers mean different things for different formats. `format_code`
+// is looked at behind the body.
+template <typename Body>
+std::int32_t guarded(std::string_view routine, Body&& body,
+                     const std::int32_t& format_code) noexcept {
   try {
     const Status status = body();
-    if (status.failed()) {
-      remember_failure(routine, words(status));
-    }
-    return status.code;
+    return number_of(routine, status, format_code);
   } catch (...) {
     return failure_in_flight(routine);
   }

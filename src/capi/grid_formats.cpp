@@ -14,7 +14,6 @@
 #include "formats/compressed_grid.h"
 #include "formats/convert_grid.h"
 #include "formats/describe_grid.h"
-#include "formats/failure_words.h"
 
 using namespace velmorankite::capi;
 
@@ -54,22 +53,24 @@ velmorankite::Status describe(std::string_view name, std::int32_t* grid_ints, do
 
 void GRDRDH(const char* file_name, std::int32_t* grid_ints, double* grid_reals, char* band_names,
             std::int32_t* status, std::size_t file_name_length, std::size_t band_name_length) {
-  *status = guarded("GRDRDH", [&] {
+  const auto body = [&] {
     return describe(text_in(file_name, file_name_length), grid_ints, grid_reals, band_names,
                     band_name_length);
-  });
+  };
+  *status = guarded("GRDRDH", body, grid_ints[VELMORANKITE_FORMAT_CODE]);
 }
 
 void GRDRDHS(const char* file_name, std::int32_t* grid_ints, float* grid_reals, char* band_names,
              std::int32_t* status, std::size_t file_name_length, std::size_t band_name_length) {
-  *status = guarded("GRDRDHS", [&] {
+  const auto body = [&] {
     std::array<double, velmorankite::description_words> reals{};
     narrow(reals, grid_reals);
     const velmorankite::Status result = describe(text_in(file_name, file_name_length), grid_ints,
                                                  reals.data(), band_names, band_name_length);
     narrow(reals, grid_reals);
     return result;
-  });
+  };
+  *status = guarded("GRDRDHS", body, grid_ints[VELMORANKITE_FORMAT_CODE]);
 }
 
 void GRDRDG(const char* input, const char* output, std::int32_t* grid_ints, double* grid_reals,
@@ -90,9 +91,7 @@ void GRDRDG(const char* input, const char* output, std::int32_t* grid_ints, doub
     *y_step = window.y_step;
     return result;
   };
-  *status = guarded("GRDRDG", convert, [&grid](velmorankite::Status failure) {
-    return words_of_conversion(failure, grid);
-  });
+  *status = guarded("GRDRDG", convert, grid.ints.format_code);
 }
 
 void GRDRDGD(const char* input, const char* output, std::int32_t* grid_ints, double* grid_reals,

@@ -14,6 +14,7 @@ inline constexpr Status expand_input_unopened{-20001};
 inline constexpr Status expand_output_unopened{-20002};  // or it would replace the input
 // -20003 to -20006 and -20008 to -20021: the input ends within its header, see the table beside
 // the reader.
+inline constexpr Status expand_header_ended{-20021};  // the last of them
 inline constexpr Status expand_not_compressed{-20005};
 inline constexpr Status expand_header_unwritten{-20007};
 inline constexpr Status expand_block_too_large{-20020};

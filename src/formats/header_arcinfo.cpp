@@ -12,8 +12,6 @@
 namespace velmorankite {
 namespace {
 
-constexpr Status arc_ended_early{-2030};
-
 struct arc_header {
   grid_description& grid;
   bool float_grid = false;    // the ".hdr" of a float grid
@@ -152,7 +150,7 @@ Status read_arcinfo_header(header_source& source, grid_description& grid, grid_t
   }
   // The file beside a float grid may end with its last keyword.
   if (!ended && !(header.float_grid && is_complete(header))) {
-    return arc_ended_early;
+    return arcinfo_ended_early;
   }
   grid.ints.data_offset = header.float_grid ? 0 : line_count - 1;
   finish(header, texts);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <string>
 
+#include "formats/header_status.h"
 #include "formats/header_text.h"
 #include "formats/header_text_readers.h"
 #include "grid/standard_header.h"
@@ -10,30 +11,26 @@ namespace velmorankite {
 namespace {
 
 constexpr std::size_t image_line_length = 256;
-constexpr Status image_counts_unsound{-2019};
-constexpr Status image_cells_unsound{-2020};
-constexpr Status image_bands_unsound{-2021};
-constexpr Status image_offset_unsound{-2022};
 
 struct image_name {
   std::string_view name;
-  std::int32_t status;  // where the value is no number
+  Status status;  // where the value is no number
   std::int32_t grid_ints::*integer = nullptr;
   double grid_reals::*real = nullptr;
   double grid_reals::*second = nullptr;  // takes the same value
 };
 
 constexpr image_name image_names[] = {
-    {"NCOLS", -2010, &grid_ints::x_count},
-    {"NROWS", -2011, &grid_ints::y_count},
-    {"NBANDS", -2012, &grid_ints::band_count},
-    {"NBITS", -2013, &grid_ints::element_code},
-    {"SKIPBYTES", -2014, &grid_ints::data_offset},
-    {"CELLSIZE", -2015, nullptr, &grid_reals::x_cell, &grid_reals::y_cell},
-    {"XDIM", -2015, nullptr, &grid_reals::x_cell},
-    {"YDIM", -2016, nullptr, &grid_reals::y_cell},
-    {"ULXMAP", -2017, nullptr, &grid_reals::x_min},
-    {"ULYMAP", -2018, nullptr, &grid_reals::y_max},
+    {"NCOLS", image_ncols_unread, &grid_ints::x_count},
+    {"NROWS", image_nrows_unread, &grid_ints::y_count},
+    {"NBANDS", image_nbands_unread, &grid_ints::band_count},
+    {"NBITS", image_nbits_unread, &grid_ints::element_code},
+    {"SKIPBYTES", image_skipbytes_unread, &grid_ints::data_offset},
+    {"CELLSIZE", image_cellsize_unread, nullptr, &grid_reals::x_cell, &grid_reals::y_cell},
+    {"XDIM", image_cellsize_unread, nullptr, &grid_reals::x_cell},
+    {"YDIM", image_ydim_unread, nullptr, &grid_reals::y_cell},
+    {"ULXMAP", image_ulxmap_unread, nullptr, &grid_reals::x_min},
+    {"ULYMAP", image_ulymap_unread, nullptr, &grid_reals::y_max},
 };
 
 bool read_value(const image_name& row, std::string_view value, grid_description& grid) {
@@ -96,7 +93,7 @@ Status read_band_image_header(header_source& source, grid_description& grid, gri
       }
       const std::string_view value = trimmed_text(behind_blank(lines.line()));
       if (!read_value(row, value.substr(0, value.find(' ')), grid)) {
-        return {row.status};
+        return row.status;
       }
       from_top = from_top || row.real == &grid_reals::y_max;
       break;

@@ -16,7 +16,6 @@
 namespace velmorankite {
 namespace {
 
-constexpr Status too_few_items{-2005};
 constexpr int fewest_items = 7;
 constexpr double origin_not_given = -99999.0;
 constexpr std::int32_t most_bands = 65536;
@@ -259,7 +258,7 @@ Status read_ermapper_header(header_source& source, grid_description& grid, grid_
     }
   }
   if (header.items < fewest_items) {
-    return too_few_items;
+    return ermapper_items_missing;
   }
   grid.ints.storage_sense = sense_top_down;
   place_lattice(header);

@@ -3,6 +3,7 @@
 #include <array>
 #include <string>
 
+#include "formats/header_status.h"
 #include "formats/header_text.h"
 #include "formats/header_text_readers.h"
 #include "grid/standard_header.h"
@@ -10,37 +11,34 @@
 namespace velmorankite {
 namespace {
 
-constexpr Status gxf_ended_early{-2006};
-constexpr Status gxf_transform_unreadable{-2712};
-
 enum class gxf_value { none, integer, real, transform, grid };
 
 struct gxf_keyword {
   std::string_view keyword;
   gxf_value kind;
-  std::int32_t status;  // where the value cannot be read
+  Status status;  // where the value cannot be read
   std::int32_t grid_ints::*integer = nullptr;
   double grid_reals::*real = nullptr;
 };
 
 // Tested in this order. A keyword counts wherever it stands in the line.
 constexpr gxf_keyword gxf_keywords[] = {
-    {"TITLE", gxf_value::none, 0},
-    {"POINTS", gxf_value::integer, -2701, &grid_ints::x_count},
-    {"ROWS", gxf_value::integer, -2702, &grid_ints::y_count},
-    {"PTSEP", gxf_value::real, -2703, nullptr, &grid_reals::x_cell},
-    {"RWSEP", gxf_value::real, -2704, nullptr, &grid_reals::y_cell},
-    {"ROT", gxf_value::real, -2705, nullptr, &grid_reals::rotation},
-    {"SENSE", gxf_value::integer, -2706, &grid_ints::storage_sense},
-    {"UNIT", gxf_value::none, 0},
-    {"GTYPE", gxf_value::integer, -2707, &grid_ints::element_code},
-    {"XOR", gxf_value::real, -2708, nullptr, &grid_reals::x_min},
-    {"YOR", gxf_value::real, -2709, nullptr, &grid_reals::y_min},
-    {"ZMIN", gxf_value::real, -2710, nullptr, &grid_reals::z_min},
-    {"ZMAX", gxf_value::real, -2711, nullptr, &grid_reals::z_max},
-    {"TRANSF", gxf_value::transform, -2712},
-    {"DUMMY", gxf_value::real, -2713, nullptr, &grid_reals::dummy_value},
-    {"#GRID", gxf_value::grid, 0},
+    {"TITLE", gxf_value::none, success},
+    {"POINTS", gxf_value::integer, gxf_points_unread, &grid_ints::x_count},
+    {"ROWS", gxf_value::integer, gxf_rows_unread, &grid_ints::y_count},
+    {"PTSEP", gxf_value::real, gxf_point_separation_unread, nullptr, &grid_reals::x_cell},
+    {"RWSEP", gxf_value::real, gxf_row_separation_unread, nullptr, &grid_reals::y_cell},
+    {"ROT", gxf_value::real, gxf_rotation_unread, nullptr, &grid_reals::rotation},
+    {"SENSE", gxf_value::integer, gxf_sense_unread, &grid_ints::storage_sense},
+    {"UNIT", gxf_value::none, success},
+    {"GTYPE", gxf_value::integer, gxf_type_unread, &grid_ints::element_code},
+    {"XOR", gxf_value::real, gxf_x_origin_unread, nullptr, &grid_reals::x_min},
+    {"YOR", gxf_value::real, gxf_y_origin_unread, nullptr, &grid_reals::y_min},
+    {"ZMIN", gxf_value::real, gxf_z_minimum_unread, nullptr, &grid_reals::z_min},
+    {"ZMAX", gxf_value::real, gxf_z_maximum_unread, nullptr, &grid_reals::z_max},
+    {"TRANSF", gxf_value::transform, gxf_transform_unread},
+    {"DUMMY", gxf_value::real, gxf_dummy_unread, nullptr, &grid_reals::dummy_value},
+    {"#GRID", gxf_value::grid, success},
 };
 
 const gxf_keyword* find_keyword(const HeaderLines& lines) {
@@ -147,7 +145,7 @@ Status read_gxf_header(header_source& source, grid_description& grid, grid_texts
       return success;
     }
     if (!read_value(lines, *keyword, grid)) {
-      return {keyword->status};
+      return keyword->status;
     }
     if (grid.ints.element_code > 0) {
       grid.ints.element_kind = kind_signed;  // coded cells are integers

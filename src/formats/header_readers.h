@@ -63,16 +63,6 @@ Status read_netcdf_header(header_source& source, grid_description& grid, grid_te
 // PCIDSK images, and the names of their bands.
 Status read_pcidsk_header(header_source& source, grid_description& grid, grid_texts& texts);
 
-// PCIDSK: a text field or block could not be read; no usable georeference segment; one of another
-// kind than polynomial and pixel.
-inline constexpr Status pcidsk_unreadable{-2007};
-inline constexpr Status pcidsk_no_georeference{-2008};
-inline constexpr Status pcidsk_georeference_unknown{-2009};
-// Surfer 7: no "DATA" section behind the lattice, or a count below 1.
-inline constexpr Status sections_unsound{-2019};
-// A tile's name holds neither "E" nor "W".
-inline constexpr Status tile_name_without_longitude{-2020};
-
 // What Surfer writes into a cell without data.
 inline constexpr double surfer_blank = 1.701410009187828E+38;
 

@@ -66,10 +66,10 @@ Status read_surfer_7_header(header_source& source, grid_description& grid, grid_
       take_grid_section(bytes, grid);
     } else {
       const bool sound = name == "DATA" && grid.ints.x_count >= 1 && grid.ints.y_count >= 1;
-      return sound ? success : sections_unsound;
+      return sound ? success : surfer_7_sections_unsound;
     }
   }
-  return sections_unsound;
+  return surfer_7_sections_unsound;
 }
 
 }  // namespace velmorankite

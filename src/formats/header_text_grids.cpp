@@ -3,6 +3,7 @@
 #include <span>
 #include <string>
 
+#include "formats/header_status.h"
 #include "formats/header_text.h"
 #include "formats/header_text_readers.h"
 #include "grid/cell_position.h"
@@ -18,12 +19,6 @@ bool read_pair(platform::TextReader& reader, platform::list_item first,
   const platform::list_item items[] = {first, second};
   return platform::read_list(reader, items) == platform::list_result::complete;
 }
-
-constexpr Status counts_line_unsound{-2023};
-constexpr Status limits_line_unsound{-2024};
-constexpr Status comments_unsound{-2025};
-constexpr Status scale_line_unsound{-2026};
-constexpr Status code_width_unknown{-2027};
 
 // Largest code of one, two or three characters.
 constexpr double code_ranges[] = {63.0, 4000.0, 250000.0};
@@ -52,7 +47,7 @@ Status read_limits(std::string_view line, grid_description& grid) {
                                              {19, 4, &grid.ints.data_offset}};
   const column_field<double> reals[] = {
       {41, 10, &r.x_min}, {51, 10, &r.y_max}, {71, 10, &r.x_max}, {81, 10, &r.y_min}};
-  return read_fields(line, ints) && read_fields(line, reals) ? success : limits_line_unsound;
+  return read_fields(line, ints) && read_fields(line, reals) ? success : grid_text_limits_unread;
 }
 
 // Limits that span as many cells as there are columns are edges; centres span one cell less.
@@ -99,21 +94,21 @@ Status read_grid_text_header(header_source& source, grid_description& grid, grid
   std::string line;
   const column_field<std::int32_t> counts[] = {{9, 4, &ints.x_count}, {13, 4, &ints.y_count}};
   if (!reader.next_line(line) || !read_fields(line, counts)) {
-    return counts_line_unsound;
+    return grid_text_counts_unread;
   }
   if (!reader.next_line(line)) {
-    return limits_line_unsound;
+    return grid_text_limits_unread;
   }
   if (const Status status = read_limits(line, grid); status.failed()) {
     return status;
   }
   constexpr std::int32_t most_comments = 9999;  // the field holds four digits
   if (ints.data_offset < 0 || ints.data_offset > most_comments) {
-    return comments_unsound;
+    return grid_text_comments_unended;
   }
   for (std::int32_t i = 0; i < ints.data_offset; ++i) {
     if (!reader.next_line(line)) {
-      return comments_unsound;
+      return grid_text_comments_unended;
     }
   }
   ints.data_offset += 3;
@@ -125,12 +120,12 @@ Status read_grid_text_header(header_source& source, grid_description& grid, grid
                                          {41, 10, &reals.z_min},
                                          {51, 10, &reals.z_max}};
   if (!reader.next_line(line) || !read_fields(line, scales)) {
-    return scale_line_unsound;
+    return grid_text_scale_unread;
   }
   edges_to_centres(grid);
   reals.dummy_value = static_cast<double>(dummy);
   if (ints.element_code < 1 || ints.element_code > static_cast<int>(std::size(code_ranges))) {
-    return code_width_unknown;
+    return grid_text_code_width_unknown;
   }
   reals.z_base = reals.z_min;
   reals.z_mult = code_ranges[ints.element_code - 1] / (reals.z_max - reals.z_min);

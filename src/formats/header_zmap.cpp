@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include <string>
 
+#include "formats/header_status.h"
 #include "formats/header_text.h"
 #include "formats/header_text_readers.h"
 #include "grid/standard_header.h"
@@ -48,79 +49,81 @@ Status read_kind(HeaderLines& lines, grid_ints& ints) {
   Fields fields(lines.line());
   std::string_view field;
   if (!fields.take(field)) {
-    return {-2003};
+    return zmap_name_unended;
   }
   if (!trimmed_text(fields.all_that_is_left()).starts_with("GRID")) {
-    return {-2004};
+    return zmap_kind_unknown;
   }
-  return fields.take(field) && read_number(fields.rest(), ints.aux_1) ? success : Status{-2005};
+  return fields.take(field) && read_number(fields.rest(), ints.aux_1) ? success
+                                                                      : zmap_no_line_nodes;
 }
 
 // Field width, dummy, null text, decimals, start column.
 Status read_layout(HeaderLines& lines, grid_description& grid, grid_texts& texts) {
-  if (const Status status = next_filled(lines, {-2006}); status.failed()) {
+  if (const Status status = next_filled(lines, zmap_layout_blank); status.failed()) {
     return status;
   }
   Fields fields(lines.as_written());
   std::string_view field;
   if (!fields.take(field, false) || !read_number(field, grid.ints.aux_2)) {
-    return {-2007};
+    return zmap_no_field_width;
   }
   if (!fields.take(field)) {
-    return {-2008};
+    return zmap_no_dummy;
   }
   grid.reals.dummy_value = static_cast<double>(dummy);
   if (!field.empty() && !read_number(field, grid.reals.dummy_value)) {
-    return {-2008};
+    return zmap_no_dummy;
   }
   if (!fields.take(field)) {
-    return {-2009};
+    return zmap_no_null_text;
   }
   texts.band_names.emplace_back(field);
   return fields.take(field) && read_number(fields.rest(), grid.ints.aux_3) ? success
-                                                                           : Status{-2010};
+                                                                           : zmap_no_decimals;
 }
 
 // Rows, columns, limits of X, limits of Y. Rows come first.
 Status read_lattice(HeaderLines& lines, grid_description& grid) {
-  if (const Status status = next_filled(lines, {-2011}); status.failed()) {
+  if (const Status status = next_filled(lines, zmap_limits_blank); status.failed()) {
     return status;
   }
   grid_reals& reals = grid.reals;
   Fields fields(lines.line());
   std::string_view field;
   if (!fields.take(field, false) || !read_number(field, grid.ints.y_count)) {
-    return {-2012};
+    return zmap_no_rows;
   }
   if (!fields.take(field) || !read_number(field, grid.ints.x_count)) {
-    return {-2013};
+    return zmap_no_columns;
   }
   struct limit {
     double* value;
-    std::int32_t status;
+    Status status;
   };
-  const limit limits[] = {{&reals.x_min, -2014}, {&reals.x_max, -2015}, {&reals.y_min, -2016}};
+  const limit limits[] = {
+      {&reals.x_min, zmap_no_x_min}, {&reals.x_max, zmap_no_x_max}, {&reals.y_min, zmap_no_y_min}};
   for (const limit& row : limits) {
     if (!fields.take(field) || !read_number(field, *row.value)) {
-      return {row.status};
+      return row.status;
     }
   }
-  return read_number(fields.rest(), reals.y_max) ? success : Status{-2017};
+  return read_number(fields.rest(), reals.y_max) ? success : zmap_no_y_max;
 }
 
 Status finish(grid_description& grid) {
   grid_ints& ints = grid.ints;
   grid_reals& reals = grid.reals;
   if (ints.x_count < 1 || ints.y_count < 1) {
-    return {-2020};
+    return zmap_counts_unsound;
   }
   reals.x_cell = (reals.x_max - reals.x_min) / (ints.x_count - 1.0);
   reals.y_cell = (reals.y_max - reals.y_min) / (ints.y_count - 1.0);
   if (!(reals.x_cell > 0.0) || !(reals.y_cell > 0.0)) {
-    return {-2021};
+    return zmap_cells_unsound;
   }
   if (ints.aux_1 < 1) {
-    return {-2022};
+    return zmap_line_nodes_unsound;
   }
   for (double* value : {&reals.z_min, &reals.z_max, &reals.z_mid, &reals.z_spread}) {
     *value = reals.dummy_value;
@@ -137,13 +140,13 @@ Status read_zmap_header(header_source& source, grid_description& grid, grid_text
   HeaderLines lines(*source.text, zmap_line_length);
   std::int32_t line_count = 0;
   do {
-    if (const Status status = next_filled(lines, {-2001}); status.failed()) {
+    if (const Status status = next_filled(lines, zmap_comment_blank); status.failed()) {
       return status;
     }
     ++line_count;
   } while (lines.line().starts_with('!'));
   if (!lines.line().starts_with('@')) {
-    return {-2002};
+    return zmap_at_sign_missing;
   }
   if (const Status status = read_kind(lines, grid.ints); status.failed()) {
     return status;
@@ -155,11 +158,11 @@ Status read_zmap_header(header_source& source, grid_description& grid, grid_text
     return status;
   }
   (void)lines.next();  // a line of transformation numbers that no writer fills
-  if (const Status status = next_filled(lines, {-2018}); status.failed()) {
+  if (const Status status = next_filled(lines, zmap_end_blank); status.failed()) {
     return status;
   }
   if (!lines.line().starts_with('@')) {
-    return {-2119};
+    return zmap_end_missing;
   }
   grid.ints.data_offset = line_count + lines_behind_first;
   const Status status = finish(grid);

@@ -16,8 +16,11 @@ inline constexpr Status conversion_missing{-11};    // no conversion exists for 
 inline constexpr Status gxf_without_cells{-27};     // no line "#GRID"
 inline constexpr Status zmap_header_unended{-1001};
 inline constexpr Status binary_line_unread{-3000};
-// Stored line k of a text file could not be read: the number less k.
+// Stored line k of a text file could not be read: the number less k. ZMap counts the lines of the
+// file.
 inline constexpr std::int32_t text_line_unread = -1000;
+inline constexpr Status first_line_unread{text_line_unread - 1};
+inline constexpr std::int32_t zmap_line_unread = 0;
 
 // Gives lines in the order of the file.
 class LineSource {

@@ -13,9 +13,6 @@
 
 namespace velmorankite {
 
-inline constexpr Status netcdf_no_dimensions{-3001};  // no dimension list where it should stand
-inline constexpr Status netcdf_not_two_dimensions{-3002};
-
 // Types of values, as the file codes them.
 enum class netcdf_type : std::int32_t {
   byte = 1,

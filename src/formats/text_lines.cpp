@@ -209,13 +209,13 @@ class ZmapFields final : public LineSource {
     for (float& cell : cells) {
       std::string_view text;
       if (!next_field(text)) {
-        return Status{static_cast<std::int32_t>(-reader_.line_number() - 1)};
+        return Status{static_cast<std::int32_t>(zmap_line_unread - reader_.line_number() - 1)};
       }
       cell = dummy;
       if (!text.empty()) {
         const auto value = platform::parse_single(text);
         if (!value) {
-          return Status{static_cast<std::int32_t>(-reader_.line_number())};
+          return Status{static_cast<std::int32_t>(zmap_line_unread - reader_.line_number())};
         }
         const bool none = std::abs(static_cast<double>(*value) - marked) < tolerance;
         cell = none || *value > beyond_data ? dummy : *value;

@@ -6,7 +6,7 @@
 namespace velmorankite {
 
 // 0 or a positive count is success, a negative number a failure. The numbers mean different
-// things in different routines: named constants stand beside each, and status_text has the words.
+// things in different routines: named constants stand beside each, and status_words has the words.
 struct [[nodiscard]] Status {
   std::int32_t code = 0;
 

@@ -7,7 +7,7 @@
 
 #include "formats/convert_grid.h"
 #include "formats/describe_grid.h"
-#include "formats/failure_words.h"
+#include "formats/status_table.h"
 #include "grid/cell_position.h"
 #include "grid/standard_header.h"
 #include "merge/definitions.h"
@@ -84,7 +84,7 @@ bool MergeRun::describe(const std::filesystem::path& path, grid_description& gri
   }
   if (status.failed()) {
     say("Failed to determine the grid file format");
-    remark(path, words_of_description(status, grid));
+    remark(path, status_words(formats_statuses, "GRDRDH", status, grid.ints.format_code));
     return false;
   }
   return true;
@@ -96,7 +96,8 @@ bool MergeRun::convert(const std::filesystem::path& path, std::string_view stem,
   const Status status =
       convert_to_scratch(path.string(), stem, prepared.grid.description, prepared.converted);
   if (status.failed()) {
-    remark(path, words_of_conversion(status, prepared.grid.description));
+    remark(path, status_words(formats_statuses, "GRDRDG", status,
+                              prepared.grid.description.ints.format_code));
     return false;
   }
   prepared.grid.path = prepared.converted.path();

@@ -13,8 +13,8 @@
 #include "grid/dummy.h"
 #include "grid/scratch_names.h"
 #include "grid/standard_header.h"
-#include "grid/status_text.h"
 #include "merge/seam_mismatch.h"
+#include "merge/status_table.h"
 #include "platform/binary_file.h"
 #include "platform/large_array.h"
 #include "platform/scratch_file.h"
@@ -146,7 +146,7 @@ bool describe(const std::string& name, grid_description& grid, std::string& why)
   grid_texts texts;
   const Status status = GRDRDH(name, grid, texts);
   if (status.failed()) {
-    why = name + " cannot be read back: " + status_words("GRDRDH", status);
+    why = name + " cannot be read back: " + status_words(merge_statuses, "GRDRDH", status);
   }
   return !status.failed();
 }
@@ -160,7 +160,8 @@ bool continue_residuals(const std::filesystem::path& from, const std::string& to
   transform_range range;
   const Status status = TRSD(request, range);
   if (status.failed()) {
-    why = "the continuation of the correction failed: " + status_words("TRSD", status);
+    why = "the continuation of the correction failed: " +
+          status_words(merge_statuses, "TRSD", status);
   }
   return !status.failed();
 }

@@ -10,7 +10,7 @@
 
 #include "condition/multi_level_fill.h"
 #include "formats/convert_grid.h"
-#include "formats/failure_words.h"
+#include "formats/status_table.h"
 #include "grid/scratch_names.h"
 #include "platform/file_tests.h"
 #include "platform/io_error.h"
@@ -215,7 +215,8 @@ Status run_filter(transform_run& run) {
         convert_to_scratch(run.input.path, "~grdcnv", run.input.grid, run.converted);
     if (converted.failed()) {
       run.log.line("Failed to read the input grid file");
-      run.log.line(words_of_conversion(converted, run.input.grid));
+      run.log.line(
+          status_words(formats_statuses, "GRDRDG", converted, run.input.grid.ints.format_code));
       return transform_conversion_failed;
     }
     run.input.path = run.converted.path().string();

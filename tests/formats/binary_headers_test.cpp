@@ -143,17 +143,17 @@ TEST_F(BinaryHeaders, surfer_7_needs_its_sections_in_a_row) {
   const std::string bytes = testing::read_file(testing::test_data("surfer/surfer7.grd"));
   std::string section = bytes;
   section.insert(92, std::string("FLTI\4\0\0\0\0\0\0\0", 12));
-  EXPECT_EQ(describe("a.grd", section), sections_unsound);
-  EXPECT_EQ(describe("a.grd", with(bytes, 92, 'd')), sections_unsound);
-  EXPECT_EQ(describe("a.grd", with(bytes, 20, 0)), sections_unsound);
-  EXPECT_EQ(describe("a.grd", with(bytes, 24, -13)), sections_unsound);
+  EXPECT_EQ(describe("a.grd", section), surfer_7_sections_unsound);
+  EXPECT_EQ(describe("a.grd", with(bytes, 92, 'd')), surfer_7_sections_unsound);
+  EXPECT_EQ(describe("a.grd", with(bytes, 20, 0)), surfer_7_sections_unsound);
+  EXPECT_EQ(describe("a.grd", with(bytes, 24, -13)), surfer_7_sections_unsound);
   EXPECT_EQ(describe("a.grd", with(bytes, 44, 0.0)), cell_size_unsound);
   // A chain that never comes to its data.
   std::string chain;
   while (chain.size() < 8192) {
     chain += bytes.substr(0, 12);
   }
-  EXPECT_EQ(describe("a.grd", chain), sections_unsound);
+  EXPECT_EQ(describe("a.grd", chain), surfer_7_sections_unsound);
 }
 
 TEST_F(BinaryHeaders, refuse_a_file_that_ends_anywhere_before_its_last_cell) {

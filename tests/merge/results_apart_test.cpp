@@ -13,7 +13,7 @@
 #include "formats/convert_grid.h"
 #include "formats/geoout.h"
 #include "grid/file_services.h"
-#include "grid/status_text.h"
+#include "merge/status_table.h"
 #include "merge/stitch.h"
 #include "platform/io_error.h"
 #include "support/merge_folder.h"
@@ -182,7 +182,7 @@ TEST_F(NothingIsLost, when_a_result_of_any_routine_has_the_name_of_its_input) {
       try {
         const Status status = e.write("one.grd", output);
         EXPECT_EQ(status.code, e.status) << e.routine << " " << output;
-        why = status_words(e.routine, status);
+        why = status_words(merge_statuses, e.routine, status);
       } catch (const platform::IoError& error) {
         EXPECT_EQ(e.status, 0) << e.routine << " " << output;
         why = error.what();
