@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "condition/fill_pyramid.h"
+#include "condition/replaced_cells.h"
 #include "grid/dummy.h"
 #include "grid/grid_rows.h"
 #include "platform/large_array.h"
@@ -73,16 +74,6 @@ base_level level_from_file(const RowFile& input, const Lattice& lattice,
   return level;
 }
 
-void copy_bytes(const BinaryFile& from, BinaryFile& to, std::int64_t position, std::int64_t end) {
-  constexpr std::int64_t block_bytes = std::int64_t{1} << 20;
-  std::vector<std::byte> block;
-  for (; position < end; position += block_bytes) {
-    block.resize(static_cast<std::size_t>(std::min(block_bytes, end - position)));
-    from.read(position, block);
-    to.write(position, block);
-  }
-}
-
 std::int64_t write_new_grid(FillPyramid& pyramid, const fill_request& request,
                             const Lattice& lattice) {
   StagedFile output(platform::without_padding(request.output_name));
@@ -99,28 +90,16 @@ std::int64_t write_new_grid(FillPyramid& pyramid, const fill_request& request,
   return filled;
 }
 
-// Makes the filled input beside the input and puts it in its place: a failure on the way leaves
-// the input as it was.
-std::int64_t fill_in_place(FillPyramid& pyramid, const RowFile& rows,
+std::int64_t fill_in_place(FillPyramid& pyramid, const RowFile& input,
                            const input_placement& placement) {
-  namespace fs = std::filesystem;
-  const BinaryFile& input = rows.file();
-  const RowLayout& layout = rows.layout();
-  std::error_code ignored;
-  const fs::perms permissions = fs::status(input.path(), ignored).permissions();
-  StagedFile output(input.path());
-  const std::int64_t cells_end =
-      layout.header_bytes +
-      std::int64_t{layout.x_count} * static_cast<std::int64_t>(sizeof(float)) * layout.y_count;
-  copy_bytes(input, output.file(), 1, layout.header_bytes + 1);
+  ReplacedCells output(input);
   const std::int64_t filled = pyramid.fill([&](std::int32_t row, std::span<const float> cells) {
     if (placement.has_row(row)) {
-      write_row(output.file(), layout, row - placement.row_offset, placement.covered(cells));
+      write_row(output.file(), input.layout(), row - placement.row_offset,
+                placement.covered(cells));
     }
   });
-  copy_bytes(input, output.file(), cells_end + 1, input.size() + 1);
   output.commit();
-  fs::permissions(output.target(), permissions, ignored);
   return filled;
 }
 
