@@ -5,8 +5,7 @@
 
 #include "condition/placed_grid.h"
 #include "grid/dummy.h"
-#include "platform/file_tests.h"
-#include "platform/io_error.h"
+#include "platform/keep_apart.h"
 #include "platform/padded_text.h"
 #include "platform/scratch_file.h"
 
@@ -57,8 +56,8 @@ Status GRDEXT(const RowFile& source, const extension_request& request, float& mi
     return extension_impossible;
   }
   const std::filesystem::path output_path = platform::without_padding(request.output_name);
-  platform::expect(!platform::same_place(output_path, source.file().path()), output_path,
-                   "is the grid to extend, a name of its own is expected");
+  platform::keep_apart({{source.file().path(), "the grid to extend"}},
+                       {{output_path, "the extended grid"}});
   PlacedGrid grid(source, request.column_offset, request.row_offset, request.x_count,
                   request.y_count, most_cells_in_memory);
   const GapTables& gaps = grid.gaps();

@@ -3,6 +3,7 @@
 #include "condition/status_table.h"
 
 #include "condition/detrend.h"
+#include "condition/grid_extension.h"
 #include "condition/hole_filling.h"
 #include "condition/multi_level_fill.h"
 #include "utilities/status_table.h"
@@ -11,6 +12,9 @@ namespace velmorankite {
 namespace {
 
 constexpr status_row rows[] = {
+    {"GRDEXT", extension_impossible,
+     "no file on the unit, counts, offsets, a sense or cell sizes that are not sound, no output "
+     "name, or no valid cell"},
     {"GRDMIPMAP", fill_impossible,
      "the working lattice has fewer than 4 columns or rows or does not hold the whole input, or no "
      "cell has a value"},
@@ -21,10 +25,8 @@ constexpr status_row rows[] = {
      "the residual grid cannot be written, or would replace the input"},
     {"GRID_DETREND_PLANE", detrend_input_unreadable, "the input cannot be described or opened"},
     {"GRID_FILL", fill_no_valid_cell,
-     "the grid has no valid cell, or fewer than 4 columns or rows"},
+     "the grid has no valid cell, or, unless it is filled by sweeps, fewer than 4 columns or rows"},
     {"GRID_FILL", fill_input_unopened, "the input cannot be opened"},
-    {"GRID_FILL", sweep_road_missing,
-     "filling of enclosed holes by sweeps is not part of this version"},
 };
 
 constexpr status_handover handovers[] = {

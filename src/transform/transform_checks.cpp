@@ -77,9 +77,6 @@ Status check_grid(const transform_request& request, TransformLog& log) {
 bool always(const transform_request&) {
   return true;
 }
-bool sweep_road(const transform_request& request) {
-  return request.int_par[1] == 0;
-}
 bool third_option(const transform_request& request) {
   return request.int_par[2] == 1;
 }
@@ -97,7 +94,6 @@ struct missing_filter {
 constexpr missing_filter missing_filters[] = {
     {filter_euler, always, "Euler deconvolution"},
     {108, always, "the log spectral slope"},
-    {filter_hole_fill, sweep_road, "the hole filling by sweeps"},
     {114, always, "the multilayer continuation"},
     {201, third_option, "a direction that varies over the grid"},
     {205, always, "the derivative ensemble"},

@@ -8,7 +8,7 @@
 #include <new>
 #include <string>
 
-#include "condition/multi_level_fill.h"
+#include "condition/hole_filling.h"
 #include "formats/convert_grid.h"
 #include "formats/status_table.h"
 #include "grid/scratch_names.h"
@@ -47,14 +47,18 @@ struct transform_run {
 
 Status fill_holes(transform_run& run) {
   run.range = {0.0F, 0.0F};
-  fill_request fill;
-  fill.input_name = run.input.path;
-  fill.input = run.input.grid;
-  fill.x_count = run.input.grid.ints.x_count;
-  fill.y_count = run.input.grid.ints.y_count;
-  fill.output_name = platform::without_padding(run.request.out_grid);
+  const hole_fill fill{run.input.path, run.input.grid,
+                       platform::without_padding(run.request.out_grid),
+                       run.request.int_par[1] == 0 ? fill_road::sweeps : fill_road::levels};
+  float minimum = 0.0F;
+  float maximum = 0.0F;
   std::int64_t filled = 0;
-  if (GRDMIPMAP(fill, filled).failed()) {
+  const Status status = fill_grid(fill, minimum, maximum, filled);
+  if (status == fill_input_unopened) {
+    run.log.line("Failed to open the input grid file");
+    return transform_input_unopened;
+  }
+  if (status.failed()) {
     return transform_fill_failed;
   }
   run.log.line(log_line("Number of cells filled: ", filled));

@@ -4,10 +4,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "condition/multi_level_fill.h"
 #include "formats/describe_grid.h"
+#include "platform/io_error.h"
 #include "support/grids.h"
 #include "support/temporary_folder.h"
 
@@ -67,10 +69,33 @@ TEST_F(HoleFilling, stops_with_a_status_and_no_output) {
   for (const example& e :
        {example{"blank.grd", 1, fill_no_valid_cell}, example{"thin.grd", 1, fill_no_valid_cell},
         example{"none.grd", 1, file_missing}, example{"folder.grd", 1, fill_input_unopened},
-        example{"disc.grd", 0, sweep_road_missing}}) {
+        example{"blank.grd", 0, fill_no_valid_cell}, example{"none.grd", 0, fill_input_unopened}}) {
     EXPECT_EQ(fill(e.input, e.road), e.status) << e.input;
     EXPECT_EQ(filled, 0) << e.input;
     EXPECT_FALSE(std::filesystem::exists(folder / "out.grd")) << e.input;
+  }
+}
+
+TEST_F(HoleFilling, sweeps_fill_enclosed_holes_alone_whatever_the_sense_and_in_place_too) {
+  const auto disc_and_nan = [](std::int32_t column, std::int32_t row) {
+    return column == 1 && row == 2 ? std::nanf("") : cell_of_disc(column, row);
+  };
+  for (const std::int32_t sense : {1, -2}) {
+    testing::write_grid(folder / "a.grd", {10.0, 20.0, 2.0, 3.0, 17, 12}, disc_and_nan, sense);
+    std::vector<float> expected = testing::read_grid(folder / "a.grd");
+    expected[testing::cell_index(1, 2, 17)] = dummy;
+    expected[testing::cell_index(8, 6, 17)] = 18.0F;
+    EXPECT_EQ(fill("a.grd", 0), success);
+    EXPECT_EQ(filled, 1);
+    EXPECT_EQ(minimum, 5.0F);
+    EXPECT_EQ(maximum, 31.0F);
+    EXPECT_EQ(testing::first_difference(expected, testing::read_grid(folder / "out.grd")), "");
+    EXPECT_EQ(testing::describe(folder / "out.grd").ints.storage_sense, sense);
+    EXPECT_EQ(GRID_FILL((folder / "a.grd").string(), " ", 0, 0, minimum, maximum, filled), success);
+    EXPECT_EQ(testing::first_difference(expected, testing::read_grid(folder / "a.grd")), "");
+    EXPECT_THROW((void)GRID_FILL((folder / "a.grd").string(), (folder / "." / "a.grd").string(), 0,
+                                 0, minimum, maximum, filled),
+                 platform::IoError);
   }
 }
 

@@ -80,7 +80,6 @@ TEST_F(TransformChecks, refusals_have_a_status_and_a_line_and_make_no_grid) {
       {[](auto& r) { r.grid.reals.y_cell = 0.0; }, {-1001}, "cell size is not valid: 2 0"},
       {[](auto& r) { r.filter = 107; }, {-1002}, "Euler deconvolution"},
       {[](auto& r) { r.filter = 108; }, {-1002}, "the log spectral slope"},
-      {[](auto& r) { r.filter = 112, r.pad_width = 0; }, {-1002}, "the hole filling by sweeps"},
       {[](auto& r) { r.filter = 201, r.int_par[2] = 1; }, {-1002}, "varies over the grid"},
       {[](auto& r) { r.filter = 205; }, {-1002}, "the derivative ensemble"},
       {[](auto& r) { r.filter = 205, r.fft_mode = -1; },

@@ -9,6 +9,7 @@
 #include <thread>
 #include <vector>
 
+#include "condition/hole_filling.h"
 #include "support/foreign_grids.h"
 #include "transform/transform_test.h"
 
@@ -281,6 +282,25 @@ TEST_F(Transform, the_hole_filter_gives_the_number_of_filled_cells) {
   r.fft_mode = -1;  // it takes none of the roads
   EXPECT_EQ(run(r).code, 5 + 3 + 2 + 1);
   EXPECT_EQ(read_grid(folder / "out.grd"), std::vector<float>(std::size_t{61} * 47, 5.0F));
+}
+
+TEST_F(Transform, the_hole_filter_fills_by_sweeps_as_grid_fill_does) {
+  const auto cell = [](int c, int r) {
+    return c == 1 || (c > 20 && r > 8 && c * r < 240) ? dummy : float(c - r);
+  };
+  write_grid(folder / "in.grd", lattice, cell);
+  transform_request r = request(112);
+  r.pad_width = 0;
+  float minimum = 0.0F;
+  float maximum = 0.0F;
+  std::int64_t filled = 0;
+  ASSERT_EQ(GRID_FILL(r.in_grid, (folder / "filled.grd").string(), 0, 0, minimum, maximum, filled),
+            success);
+  EXPECT_GT(filled, 5);
+  EXPECT_EQ(run(r).code, filled);
+  EXPECT_EQ(read_file(folder / "out.grd"), read_file(folder / "filled.grd"));
+  write_grid(folder / "in.grd", lattice, [](int, int) { return dummy; });
+  EXPECT_EQ(run(r), transform_fill_failed);
 }
 
 // 106 reads its spectrum three times: it must be its own to the end of the run.
