@@ -450,12 +450,12 @@ VELMORANKITE_API void GEOOUTI2S(const char* name, const int32_t* source, const i
 /* Writes a standard grid of 4-byte floats in which the cells without data of another have values.
  *   output        blank: the input is filled in place.
  *   road          not 0: every blank cell, from a pyramid of coarser copies; 0: enclosed holes
- *                 alone, by sweeps, which this version does not have (-1100).
+ *                 alone, from their rims inwards, by means of the cells near by.
  *   limit, spare  not used.
- *   minimum, maximum  out: 0.
+ *   minimum, maximum  out: on road 0 those of the valid cells of the input, else 0.
  *   filled_count  out: cells that got a value, with the nodes of the coarser copies.
- *   status        0; -999 the input cannot be opened; -1 no valid cell, or fewer than 4 columns or
- *                 rows; -1100 road 0; or what GRDRDH gives. */
+ *   status        0; -999 the input cannot be opened; -1 no valid cell, or on the other roads
+ *                 fewer than 4 columns or rows; or what GRDRDH gives. */
 VELMORANKITE_API void GRID_FILL(const char* input, const char* output, const int32_t* road,
                                 const int32_t* limit, float* minimum, float* maximum,
                                 const float* spare, int32_t* filled_count, int32_t* status,
@@ -478,6 +478,37 @@ VELMORANKITE_API void GRDMIPMAP(const char* input, const int32_t* grid_ints,
                                 const char* output, const float* minimum, const float* maximum,
                                 int32_t* filled_count, int32_t* status, size_t input_length,
                                 size_t output_length);
+
+/* Writes a grid on a working lattice that may be larger, and fills it from the rims of the data by
+ * means of the cells near by: enclosed holes alone, or the whole lattice, where values far from the
+ * data are drawn to a background. Data keep their coordinates. Rows are counted in the order of
+ * the file here: with sense -2 the first is the highest.
+ *   unit          an open standard grid of 4-byte floats, from FOPEN.
+ *   sense         1 or -2, of source and output.
+ *   source_columns, source_rows  of the source.
+ *   grid_reals    of the source; x_min and y_min are read.
+ *   x_cell, y_cell  cell sizes.
+ *   spare         not used.
+ *   pass_limit    above 0: an extension ends after the first pass beyond it, a pass being a layer
+ *                 of cells.
+ *   x_count, y_count  of the working lattice.
+ *   column_offset, row_offset  columns and rows of it ahead of the first of the source.
+ *   output        the standard grid to make.
+ *   minimum, maximum  out: of the valid cells of the source; 0 on failure.
+ *   background    in, out: below -1.0E30 it is replaced by the mean of the source where there is a
+ *                 blank.
+ *   extend        0: enclosed holes; all others: the whole lattice.
+ *   filled_count  in, out: grows by the blank cells that got a mean.
+ *   status        0; -1 no file on the unit, counts, offsets, a sense or cell sizes that are not
+ *                 sound, no output name, or no valid cell. */
+VELMORANKITE_API void GRDEXT(const int32_t* unit, const int32_t* sense,
+                             const int32_t* source_columns, const int32_t* source_rows,
+                             const double* grid_reals, const double* x_cell, const double* y_cell,
+                             const float* spare, const int32_t* pass_limit, const int32_t* x_count,
+                             const int32_t* y_count, const int32_t* column_offset,
+                             const int32_t* row_offset, const char* output, float* minimum,
+                             float* maximum, float* background, const int32_t* extend,
+                             int32_t* filled_count, int32_t* status, size_t output_length);
 
 /* Fits the plane a + b x + c y to a standard grid of 4-byte floats by least squares, and can take
  * it off. x and y are distances from the first cell in map units; on a storage sense other than 1

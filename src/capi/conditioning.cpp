@@ -2,10 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include <velmorankite/velmorankite.h>
 
-#include <algorithm>
-#include <limits>
 #include <span>
 
+#include "capi/counts.h"
 #include "capi/descriptions.h"
 #include "capi/failures.h"
 #include "capi/texts.h"
@@ -16,12 +15,6 @@
 using namespace velmorankite::capi;
 
 namespace {
-
-// Counts of cells are 64-bit in the library; a caller's integer holds as much as it can.
-std::int32_t count_out(std::int64_t count) {
-  return static_cast<std::int32_t>(
-      std::min<std::int64_t>(count, std::numeric_limits<std::int32_t>::max()));
-}
 
 void plane_out(const velmorankite::plane& trend, float* a, float* b, float* c) {
   *a = trend.a;

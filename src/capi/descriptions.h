@@ -18,6 +18,13 @@ namespace velmorankite::capi {
   return grid;
 }
 
+// The reals alone, for a routine that takes no more of a description.
+[[nodiscard]] inline grid_reals reals_in(const double* reals) noexcept {
+  grid_reals record;
+  std::memcpy(static_cast<void*>(&record), reals, description_reals * sizeof *reals);
+  return record;
+}
+
 inline void description_out(const grid_description& grid, std::int32_t* ints,
                             double* reals) noexcept {
   std::memcpy(ints, &grid.ints, description_ints * sizeof *ints);

@@ -201,6 +201,10 @@ static void grids_are_cloned_and_filled(void) {
                          &status, 8);
   check(fabsf(value - plane(x, y)) < 2.0F, "its value is like those around it");
 
+  const int32_t sweeps = 0;
+  GRID_FILL("hole.grd", "swept.grd", &sweeps, &limit, &low, &high, &spare, &filled, &status, 8, 9);
+  check(status == 0 && filled == 1 && low < high, "and by sweeps, a cell of one");
+
   for (int i = 0; i < 48; ++i) {
     cells[i] = i % 5 == 0 ? VELMORANKITE_DUMMY : 3.5F;
   }
@@ -212,6 +216,31 @@ static void grids_are_cloned_and_filled(void) {
   for (int i = 0; i < 48; ++i) {
     check(fabsf(cells[i] - 3.5F) < 1e-5F, "a constant is filled with itself");
   }
+}
+
+/* Two columns and three rows more on each side. */
+static void a_grid_is_extended(void) {
+  int32_t ints[VELMORANKITE_DESCRIPTION_WORDS];
+  double reals[VELMORANKITE_DESCRIPTION_WORDS];
+  const int32_t sense = 1, nx = columns, ny = rows, no_limit = 0, two = 2, three = 3, all = 1;
+  const int32_t x_count = columns + 4, y_count = rows + 6, in_file = 0, one = 1, nowhere = 55;
+  const float spare = 0.0F;
+  const double x = x_origin - cell, y = y_origin + 4 * cell;
+  float low = 1.0F, high = 1.0F, background = VELMORANKITE_DUMMY, value = 0.0F;
+  int32_t filled = 7, status = 7, mode = 1;
+  GRDRDH("hole.grd", ints, reals, NULL, &status, 8, 0);
+  GRDEXT(&nowhere, &sense, &nx, &ny, reals, &cell, &cell, &spare, &no_limit, &x_count, &y_count,
+         &two, &three, "wide.grd", &low, &high, &background, &all, &filled, &status, 8);
+  check(status == -1 && low == 0.0F && filled == 7, "a unit without a file is told");
+  const int32_t unit = FOPEN("hole.grd", 8);
+  GRDEXT(&unit, &sense, &nx, &ny, reals, &cell, &cell, &spare, &no_limit, &x_count, &y_count, &two,
+         &three, "wide.grd", &low, &high, &background, &all, &filled, &status, 8);
+  check(status == 0 && low < high && background > low && background < high, "a grid is extended");
+  check(FCLOSE(&unit) == 0 && filled > 7, "the unit stays open, the count grows");
+  GRDRDH("wide.grd", ints, reals, NULL, &status, 8, 0);
+  GEO_CELL_INTERPOLATION(&in_file, "wide.grd", ints, reals, NULL, &mode, &one, &x, &y, &value,
+                         &status, 8);
+  check(fabsf(value - plane(x, y)) < 10.0F, "its margin has values like those beside it");
 }
 
 /* Grid 2 lies 5 above grid 1: the merged grid is grid 1's plane all over. */
@@ -380,6 +409,7 @@ int main(void) {
   points_have_values();
   small_services_serve();
   grids_are_cloned_and_filled();
+  a_grid_is_extended();
   grids_are_joined();
   grids_are_transformed();
   spectra_and_operators_are_made();
