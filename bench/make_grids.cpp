@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <iostream>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -28,6 +29,8 @@ struct GridPlan {
   double hole_share;
   LineShape ends_left_of;  // none: the grid covers its lattice
   std::vector<format> formats;
+  bool closed = false;           // no blank touches the edge
+  std::int32_t square_hole = 0;  // columns and rows of a hole in the middle
 };
 
 Lattice output_lattice(std::int32_t count) {
@@ -39,6 +42,25 @@ Lattice covering(const Lattice& output, double ratio) {
   const auto count = static_cast<std::int32_t>(std::ceil(output.x_count / ratio)) + 2;
   const double first = 0.5 * ratio * cell;
   return {output.x_min - first, output.y_min - first, ratio * cell, ratio * cell, count, count};
+}
+
+// The blanks of a row of a grid.
+void punch(const GridPlan& plan, const Holes& holes, std::int32_t row, std::span<float> values) {
+  const float first = values.front();
+  const float last = values.back();
+  const bool inside = row > 1 && row < plan.lattice.y_count;
+  if (inside || !plan.closed) {
+    holes.punch(row, values);
+  }
+  if (plan.closed) {
+    values.front() = first;
+    values.back() = last;
+  }
+  const std::int32_t below = (plan.lattice.y_count - plan.square_hole) / 2;
+  if (row > below && row <= below + plan.square_hole) {
+    const std::int32_t ahead = (plan.lattice.x_count - plan.square_hole) / 2;
+    std::fill_n(values.begin() + ahead, plan.square_hole, dummy);
+  }
 }
 
 void write_grid(const std::filesystem::path& folder, const GridPlan& plan) {
@@ -53,7 +75,7 @@ void write_grid(const std::filesystem::path& folder, const GridPlan& plan) {
   std::vector<float> values(static_cast<std::size_t>(plan.lattice.x_count));
   for (std::int32_t row = 1; row <= plan.lattice.y_count; ++row) {
     field.row(plan.lattice, row, plan.level, values);
-    holes.punch(row, values);
+    punch(plan, holes, row, values);
     if (plan.ends_left_of) {
       const double end = plan.ends_left_of(plan.lattice.y(row)) - reach_cells * cell;
       const double columns = std::ceil((end - plan.lattice.x_min) / cell);
@@ -100,6 +122,8 @@ void make_all(const std::filesystem::path& folder, std::int32_t count) {
       {"two_coarse", covering(output, 1.7), level_of_grid_2, 0.01, {}, merged},
       {"whole", output, 0.0F, 0.0, {}, all},
       {"blanks", output, 0.0F, 0.30, {}, {format::standard, format::envi}},
+      {"closed", output, 0.0F, 0.30, {}, {format::standard, format::envi}, true},
+      {"square", output, 0.0F, 0.0, {}, {format::standard}, false, count / 4},
   };
   for (const GridPlan& plan : plans) {
     write_grid(folder, plan);

@@ -58,15 +58,14 @@ void sample(Arguments arguments) {
   out.close();
 }
 
-// IN OUT: all blanks of a grid filled.
+// IN OUT: the blanks of a grid filled, on the road of a flag of GRID_FILL.
+template <std::int32_t road>
 void fill(Arguments arguments) {
-  constexpr std::int32_t multi_level_road = 1;
   float minimum = 0.0F;
   float maximum = 0.0F;
   std::int64_t filled_count = 0;
-  require(
-      GRID_FILL(arguments[0], arguments[1], multi_level_road, 0, minimum, maximum, filled_count),
-      "GRID_FILL");
+  require(GRID_FILL(arguments[0], arguments[1], road, 0, minimum, maximum, filled_count),
+          "GRID_FILL");
 }
 
 // IN DISTANCE OUT: a grid upwards by a distance in map units, by the FFT in memory.
@@ -102,8 +101,9 @@ struct Routine {
 constexpr Routine routines[] = {
     {"continue", 3, continue_upwards},
     {"convert", 2, convert},
-    {"fill", 2, fill},
+    {"fill", 2, fill<1>},
     {"sample", 3, sample},
+    {"sweep", 2, fill<0>},
 };
 
 int run(Arguments arguments) {
