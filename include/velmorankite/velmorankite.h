@@ -603,6 +603,112 @@ VELMORANKITE_API void CALC_FILTER_COEFFICIENTS(
     const double* CellX, const double* CellY, const double* direction, const int32_t* columns,
     const int32_t* rows, float* weights, int32_t* Status);
 
+/* ---- Values at points ---------------------------------------------------------------------- */
+
+/* Values of a grid at points, from the three by three cells round each, as far as they have data:
+ * docs/utilities.md tells how.
+ *   memory_flag  not 0: the grid lies in `cells`; 0: it is the file `name`, a standard grid of
+ *                cells as the routine takes them.
+ *   grid_ints, grid_reals  format code, data offset, element code and storage sense are read, and
+ *                the counts, limits and cell sizes of the out words.
+ *   cells        rows of out_x_count cells, the lowest Y first, for storage sense -2 the highest;
+ *                NULL if memory_flag is 0.
+ *   point_count  of x, y and values. A negative count means its absolute value, and values by
+ *                logarithms.
+ *   values       out: one a point; the dummy for a point outside the grid, by an empty base cell,
+ *                or whose cells the file does not give. From a file a point that needs the last
+ *                three cells together has none.
+ *   status       0; -1 for a blank name with memory_flag 0, a format code of 4, 5 or 6, or a count
+ *                of cells below 1: all values are then the dummy. */
+VELMORANKITE_API void GRDVALD(const int32_t* memory_flag, const char* name,
+                              const int32_t* grid_ints, const double* grid_reals,
+                              const float* cells, const int32_t* point_count, const double* x,
+                              const double* y, float* values, int32_t* status, size_t name_length);
+
+/* The same with 22 reals in single precision. */
+VELMORANKITE_API void GRDVALDS(const int32_t* memory_flag, const char* name,
+                               const int32_t* grid_ints, const float* grid_reals,
+                               const float* cells, const int32_t* point_count, const double* x,
+                               const double* y, float* values, int32_t* status, size_t name_length);
+
+/* The same with reals and points in single precision, in which they are placed among the cells. */
+VELMORANKITE_API void GRDVAL(const int32_t* memory_flag, const char* name, const int32_t* grid_ints,
+                             const float* grid_reals, const float* cells,
+                             const int32_t* point_count, const float* x, const float* y,
+                             float* values, int32_t* status, size_t name_length);
+
+/* The same for cells of 16-bit integers, blank at or below -32767. Values are cut to whole numbers
+ * from -32767, which also stands for no value, to 32767. */
+VELMORANKITE_API void GRDVALI2(const int32_t* memory_flag, const char* name,
+                               const int32_t* grid_ints, const double* grid_reals,
+                               const int16_t* cells, const int32_t* point_count, const double* x,
+                               const double* y, int16_t* values, int32_t* status,
+                               size_t name_length);
+
+/* The same for a grid in memory whose lowest row comes first whatever the storage sense, on the
+ * lattice of x_count, x_min and their neighbours. The base cell is the last one at or below the
+ * point.
+ *   status  0; -1 for a count of cells below 1. */
+VELMORANKITE_API void GEOVAL(const float* cells, const int32_t* grid_ints, const double* grid_reals,
+                             const int32_t* point_count, const double* x, const double* y,
+                             float* values, int32_t* status);
+
+/* The same with 22 reals in single precision. */
+VELMORANKITE_API void GEOVALS(const float* cells, const int32_t* grid_ints, const float* grid_reals,
+                              const int32_t* point_count, const double* x, const double* y,
+                              float* values, int32_t* status);
+
+/* Bicubic values at points, by the Catmull-Rom cubic in single precision. A row of the four by four
+ * cells that lacks some takes the values of their neighbours in it.
+ *   cells          rows of x_count cells, the lowest Y first, for storage sense -2 the highest: as
+ *                  many as the greater of y_count and `rows`.
+ *   grid_ints, grid_reals  storage sense, counts, limits and cell sizes are read.
+ *   columns, rows  usually x_count and y_count: cells of a neighbourhood from these on are empty.
+ *   point_count    of x, y and values; below 1 nothing is done.
+ *   values         out: one a point; the dummy for a point outside the grid or whose base cell, the
+ *                  last one at or below it, is empty.
+ *   status         -1 for an x_count or y_count below 1; not touched on success. */
+VELMORANKITE_API void BICUBIC_GRID_INTERPOLATION(const float* cells, const int32_t* grid_ints,
+                                                 const double* grid_reals, const int32_t* columns,
+                                                 const int32_t* rows, const int32_t* point_count,
+                                                 const double* x, const double* y, float* values,
+                                                 int32_t* status);
+
+/* The same in double precision, with x_count and y_count for columns and rows. */
+VELMORANKITE_API void BICUBIC_GRID_INTERPOLATIOND(const float* cells, const int32_t* grid_ints,
+                                                  const double* grid_reals,
+                                                  const int32_t* point_count, const double* x,
+                                                  const double* y, float* values, int32_t* status);
+
+/* BICUBIC_GRID_INTERPOLATION with 22 reals and points in single precision. */
+VELMORANKITE_API void BICUBIC_GRID_INTERPOLATIONS(const float* cells, const int32_t* grid_ints,
+                                                  const float* grid_reals, const int32_t* columns,
+                                                  const int32_t* rows, const int32_t* point_count,
+                                                  const float* x, const float* y, float* values,
+                                                  int32_t* status);
+
+/* The same in double precision, from memory or from a file, on the lattice of the out words. The
+ * base cell is the last one at least half a cell below the point.
+ *   memory_flag    not 0: the grid lies in `cells`; 0: it is the file `name`.
+ *   name           standard grid of 4-byte floats; must not be blank in memory either.
+ *   columns, rows  in memory also the length of a row and the number of rows.
+ *   cells          NULL if memory_flag is 0.
+ *   status         -1 for a blank name or a count of cells below 1; not touched on success. */
+VELMORANKITE_API void BICUBIC_GEO_INTERPOLATION(const int32_t* memory_flag, const char* name,
+                                                const int32_t* grid_ints, const double* grid_reals,
+                                                const int32_t* columns, const int32_t* rows,
+                                                const float* cells, const int32_t* point_count,
+                                                const double* x, const double* y, float* values,
+                                                int32_t* status, size_t name_length);
+
+/* The same with 22 reals and points in single precision. */
+VELMORANKITE_API void BICUBIC_GEO_INTERPOLATIONS(const int32_t* memory_flag, const char* name,
+                                                 const int32_t* grid_ints, const float* grid_reals,
+                                                 const int32_t* columns, const int32_t* rows,
+                                                 const float* cells, const int32_t* point_count,
+                                                 const float* x, const float* y, float* values,
+                                                 int32_t* status, size_t name_length);
+
 /* ---- Merge --------------------------------------------------------------------------------- */
 
 /* Reads the stitch line of a DXF file.

@@ -1,6 +1,8 @@
 // Grid descriptions as the arrays of the C interface.
 // SPDX-License-Identifier: MIT
 #pragma once
+#include <algorithm>
+#include <array>
 #include <cstdint>
 #include <cstring>
 #include <span>
@@ -23,6 +25,14 @@ namespace velmorankite::capi {
   grid_reals record;
   std::memcpy(static_cast<void*>(&record), reals, description_reals * sizeof *reals);
   return record;
+}
+
+// The reals of a description in single precision, as routines whose names end in S take them.
+[[nodiscard]] inline std::array<double, description_words> widened_reals(
+    const float* reals) noexcept {
+  std::array<double, description_words> wide{};
+  std::copy_n(reals, description_reals, wide.begin());
+  return wide;
 }
 
 inline void description_out(const grid_description& grid, std::int32_t* ints,

@@ -28,6 +28,18 @@ module grid_routines
       real(c_float), intent(out) :: values(*)
       integer(c_size_t), value :: path_length
     end subroutine GEO_CELL_INTERPOLATION
+
+    subroutine GRDVALD(memory_flag, name, grid_ints, grid_reals, cells, point_count, x, y, values, &
+                       status, name_length) bind(C, name="GRDVALD")
+      import
+      integer(c_int32_t), intent(in) :: memory_flag, grid_ints(24), point_count
+      character(kind=c_char), intent(in) :: name(*)
+      real(c_double), intent(in) :: grid_reals(24), x(*), y(*)
+      real(c_float), intent(in) :: cells(*)
+      real(c_float), intent(out) :: values(*)
+      integer(c_int32_t), intent(out) :: status
+      integer(c_size_t), value :: name_length
+    end subroutine GRDVALD
   end interface
 end module grid_routines
 
@@ -70,6 +82,10 @@ program client
   call GEO_CELL_INTERPOLATION(0_c_int32_t, name, ints, reals, cells, mode, 0_c_int32_t, x, y, &
                               from_file, status, len(name, c_size_t))
   call check(status == -1, 'no points are a bad call')
+  call GRDVALD(0_c_int32_t, name, ints, reals, cells, 4_c_int32_t, x, y, from_file, status, &
+               len(name, c_size_t))
+  call check(status == 0 .and. all(abs(from_file(1:3) - plane(x(1:3), y(1:3))) < 1.0e-4_c_float), &
+             'the biquadratic lies on the plane')
   call GRDRDH('missing.grd', ints, reals, band_name, status, 11_c_size_t, len(band_name, c_size_t))
   call check(status == -1001, 'a missing file is told')
   if (failures > 0) stop 1
