@@ -14,8 +14,13 @@
 #include "formats/describe_grid.h"
 #include "grid/cell_interpolation.h"
 #include "grid/grid_rows.h"
+#include "grid/row_blocks.h"
 #include "platform/binary_file.h"
+#include "platform/large_array.h"
+#include "transform/filter_index.h"
 #include "transform/transform_driver.h"
+#include "utilities/bicubic.h"
+#include "utilities/point_values.h"
 
 namespace velmorankite::bench {
 namespace {
@@ -37,25 +42,62 @@ void require(Status status, const char* routine) {
   }
 }
 
+// Writes a grid on a lattice, a row a call: values_at(x, y, values).
+template <typename ValuesAt>
+void write_on_lattice(const Lattice& lattice, const std::string& path, const ValuesAt& values_at) {
+  RowFile out(platform::BinaryFile(path, platform::open_mode::create),
+              {sense_bottom_up, lattice.x_count, lattice.y_count});
+  OUTPUT_GEOSOFT_HEADER(out.file(), float_grid_header(lattice));
+  RowBlockWriter rows(out);
+  const std::vector<double> x = x_of_columns(lattice);
+  std::vector<double> y(x.size());
+  for (std::int32_t row = 1; row <= lattice.y_count; ++row) {
+    std::fill(y.begin(), y.end(), lattice.y(row));
+    values_at(x, y, rows.next_row());
+  }
+  rows.finish();
+  out.close();
+}
+
 // IN ON OUT: the grid IN on the lattice of the grid ON, a row a call, as a stitch does it.
 void sample(Arguments arguments) {
   const grid_description grid = describe(arguments[0]);
   const Lattice lattice = lattice_of(describe(arguments[1]));
-  const RowLayout layout{sense_bottom_up, lattice.x_count, lattice.y_count};
-  platform::BinaryFile out(arguments[2], platform::open_mode::create);
-  OUTPUT_GEOSOFT_HEADER(out, float_grid_header(lattice));
-  const auto width = static_cast<std::size_t>(lattice.x_count);
-  const std::vector<double> x = x_of_columns(lattice);
-  std::vector<double> y(width);
-  std::vector<float> values(width);
-  for (std::int32_t row = 1; row <= lattice.y_count; ++row) {
-    std::fill(y.begin(), y.end(), lattice.y(row));
+  write_on_lattice(lattice, arguments[2], [&](const auto& x, const auto& y, auto values) {
     std::int32_t mode = 1;
     require(GEO_CELL_INTERPOLATION(0, arguments[0], grid, {}, mode, lattice.x_count, x, y, values),
             "GEO_CELL_INTERPOLATION");
-    write_row(out, layout, row, values);
-  }
-  out.close();
+  });
+}
+
+// All cells of a grid, as they lie in its file.
+platform::LargeArray<float> cells_of(const std::string& path, const grid_description& grid) {
+  const RowFile rows = open_rows(path, grid);
+  platform::LargeArray<float> cells(static_cast<std::size_t>(lattice_of(grid).cell_count()));
+  rows.file().read_values(grid.ints.data_offset + 1, cells.span());
+  return cells;
+}
+
+// IN ON OUT: the same by the biquadratic of a grid in memory.
+void evaluate(Arguments arguments) {
+  const grid_description grid = describe(arguments[0]);
+  const Lattice lattice = lattice_of(describe(arguments[1]));
+  const platform::LargeArray<float> cells = cells_of(arguments[0], grid);
+  write_on_lattice(lattice, arguments[2], [&](const auto& x, const auto& y, auto values) {
+    require(GRDVALD(1, {}, grid, cells.span(), lattice.x_count, x, y, values), "GRDVALD");
+  });
+}
+
+// IN ON OUT: the same by the bicubic of a grid in memory.
+void bicubic(Arguments arguments) {
+  const grid_description grid = describe(arguments[0]);
+  const Lattice lattice = lattice_of(describe(arguments[1]));
+  const platform::LargeArray<float> cells = cells_of(arguments[0], grid);
+  write_on_lattice(lattice, arguments[2], [&](const auto& x, const auto& y, auto values) {
+    require(BICUBIC_GRID_INTERPOLATION(cells.span(), grid, grid.ints.x_count, grid.ints.y_count,
+                                       lattice.x_count, x, y, values),
+            "BICUBIC_GRID_INTERPOLATION");
+  });
 }
 
 // IN OUT: the blanks of a grid filled, on the road of a flag of GRID_FILL.
@@ -99,10 +141,9 @@ struct Routine {
 };
 
 constexpr Routine routines[] = {
-    {"continue", 3, continue_upwards},
-    {"convert", 2, convert},
-    {"fill", 2, fill<1>},
-    {"sample", 3, sample},
+    {"bicubic", 3, bicubic}, {"continue", 3, continue_upwards},
+    {"convert", 2, convert}, {"evaluate", 3, evaluate},
+    {"fill", 2, fill<1>},    {"sample", 3, sample},
     {"sweep", 2, fill<0>},
 };
 
