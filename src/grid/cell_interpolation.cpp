@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "grid/dummy.h"
+#include "grid/point_interpolation.h"
 #include "grid/value_transform.h"
 #include "platform/padded_text.h"
 
@@ -20,6 +21,17 @@ constexpr std::int32_t columns_to_spare = 125;
 // take it back between one call and the next: fresh pages would cost more than the values.
 constexpr std::size_t points_at_once = 1024;
 
+// All cells of a grid in memory, as they are; nothing where they are to be transformed.
+CellWindow window_of(std::span<const float> cells, const RowLayout& layout, std::int32_t mode) {
+  if (is_transformed(mode)) {
+    return {};
+  }
+  const std::ptrdiff_t width = layout.x_count;
+  const bool top_down = layout.storage_sense == sense_top_down;
+  const float* const lowest = cells.data() + (top_down ? width * (layout.y_count - 1) : 0);
+  return {lowest, top_down ? -width : width, 1, 1, layout.x_count, layout.y_count};
+}
+
 }  // namespace
 
 CellInterpolator::CellInterpolator(const std::filesystem::path& path, const grid_description& grid,
@@ -32,6 +44,7 @@ CellInterpolator::CellInterpolator(const std::filesystem::path& path, const grid
 CellInterpolator::CellInterpolator(std::span<const float> cells, const grid_description& grid,
                                    std::int32_t mode)
     : rows_(cells, layout_of(grid), mode),
+      memory_(window_of(cells, layout_of(grid), mode)),
       x_axis_(x_axis(grid)),
       y_axis_(y_axis(grid)),
       mode_(mode) {}
@@ -45,6 +58,7 @@ CellInterpolator::CellInterpolator(RowFile rows, const Lattice& lattice, std::in
 CellInterpolator::CellInterpolator(std::span<const float> cells, std::int32_t storage_sense,
                                    const Lattice& lattice, std::int32_t mode)
     : rows_(cells, {storage_sense, lattice.x_count, lattice.y_count}, mode),
+      memory_(window_of(cells, {storage_sense, lattice.x_count, lattice.y_count}, mode)),
       x_axis_(x_axis(lattice)),
       y_axis_(y_axis(lattice)),
       mode_(mode) {}
@@ -62,11 +76,16 @@ void CellInterpolator::points(std::span<const double> x, std::span<const double>
     row(x, y.front(), values);
     return;
   }
+  if (memory_.cells != nullptr) {
+    interpolate_points(memory_, x_axis_, y_axis_, x, y, values);
+    make_plain(mode_, values);
+    return;
+  }
   for (std::size_t i = 0; i < values.size(); ++i) {
     const bool inside = x_axis_.contains(x[i]) && y_axis_.contains(y[i]);
     values[i] = inside ? value_at(x_axis_.place(x[i]), y_axis_.place(y[i])) : dummy;
   }
-  finish(values);
+  make_plain(mode_, values);
 }
 
 void CellInterpolator::row(std::span<const double> x, double y, std::span<float> values) {
@@ -87,7 +106,7 @@ void CellInterpolator::row(std::span<const double> x, double y, std::span<float>
                             cells_of(base + 2)};
     interpolate_row(rows, plan_, place, scratch_, values);
   }
-  finish(values);
+  make_plain(mode_, values);
 }
 
 float CellInterpolator::value_at(const AxisPlace& x, const AxisPlace& y) {
@@ -101,18 +120,6 @@ float CellInterpolator::value_at(const AxisPlace& x, const AxisPlace& y) {
         rows_.stretch(std::int64_t{y.base()} + r - 1, x.base() - 1, x.base() + 2, columns_to_spare);
   }
   return interpolate_patched(rows, nearest, x.fraction(), y.fraction());
-}
-
-// Makes plain values of transformed ones, and a dummy of what is not a number.
-void CellInterpolator::finish(std::span<float> values) const noexcept {
-  for (float& value : values) {
-    value = std::isnan(value) ? dummy : value;
-  }
-  if (is_transformed(mode_)) {
-    for (float& value : values) {
-      value = is_valid(value) ? restore_value(mode_, value) : value;
-    }
-  }
 }
 
 Status GEO_CELL_INTERPOLATION(std::int32_t source_flag, std::string_view path,

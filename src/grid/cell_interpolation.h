@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "grid/cell_rows.h"
+#include "grid/cell_window.h"
 #include "grid/column_plan.h"
 #include "grid/grid_axis.h"
 #include "grid/grid_record.h"
@@ -55,9 +56,9 @@ class CellInterpolator {
 
  private:
   float value_at(const AxisPlace& x, const AxisPlace& y);
-  void finish(std::span<float> values) const noexcept;
 
   CellRows rows_;
+  CellWindow memory_;  // all cells, where they lie in memory and are taken as they are
   GridAxis x_axis_;
   GridAxis y_axis_;
   std::int32_t mode_;

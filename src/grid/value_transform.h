@@ -3,6 +3,7 @@
 #pragma once
 #include <cmath>
 #include <cstdint>
+#include <span>
 
 namespace velmorankite {
 
@@ -45,6 +46,10 @@ inline constexpr float logarithm_floor = -18.0F;  // stands for the logarithm of
   }
   return t;
 }
+
+// Plain values of interpolated ones, in place: what is not a number becomes a dummy, and valid
+// values are restored where `mode` transforms.
+void make_plain(std::int32_t mode, std::span<float> values) noexcept;
 
 // Transforms one value in place; a value that is not valid stays as it is.
 //   mode       2 or 3; any other leaves the value as it is.
