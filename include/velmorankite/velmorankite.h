@@ -535,6 +535,142 @@ VELMORANKITE_API void GRID_DETREND_OLD(const char* input, const char* output, fl
                                        float* b, float* c, int32_t* status, size_t input_length,
                                        size_t output_length);
 
+/* ---- Splines ------------------------------------------------------------------------------- */
+
+/* Fits a cubic spline. After de Boor 1978.
+ *   n     nodes; fewer than 2 are left alone.
+ *   tau   their abscissae, strictly ascending: it is not tested.
+ *   c     n records of 4 doubles. In: word 1 the value; word 2 of the first and of the last record
+ *         the boundary value, where the code asks for one. Out: word 1 as it was, words 2 to 4 the
+ *         first to third derivative at the node; words 3 and 4 of the last record mean nothing.
+ *   begin_code, end_code  0 or less: not-a-knot; 1: word 2 is the slope at that end; 2 or more: it
+ *         is the second derivative. */
+VELMORANKITE_API void CUBSPL(const int32_t* n, const double* tau, double* c,
+                             const int32_t* begin_code, const int32_t* end_code);
+
+/* Returns the spline's value at x; beyond the table the value at its end. */
+VELMORANKITE_API double CUBVAL(const int32_t* n, const double* tau, const double* c,
+                               const double* x);
+
+/* Returns the integral from a to b, a <= b; beyond the table the outer cubics go on. */
+VELMORANKITE_API double CUBINT(const int32_t* n, const double* tau, const double* c,
+                               const double* a, const double* b);
+
+/* Returns the same integral of t times the spline, t measured from the left node of each interval
+ * anew. Mind the order of the first three arguments. */
+VELMORANKITE_API double CUBINT2(const double* tau, const double* c, const int32_t* n,
+                                const double* a, const double* b);
+
+/* Finds the entry of an ascending table that stands left of x: xt(left) <= x < xt(left + 1).
+ *   left  out: from 1.
+ *   flag  out: 0; -1 for x below xt(1), left is 1; 1 for x from the last entry on, left is the
+ *         count. */
+VELMORANKITE_API void INTERV(const double* xt, const int32_t* count, const double* x, int32_t* left,
+                             int32_t* flag);
+
+/* The same in a descending table: xt(left) > x >= xt(left + 1).
+ *   flag  out: 0; -1 for x from xt(1) up, left is 1; 1 for x below the last entry, left is the
+ *         count. */
+VELMORANKITE_API void RINTERV(const double* xt, const int32_t* count, const double* x,
+                              int32_t* left, int32_t* flag);
+
+/* Fits a spline under tension. After Cline 1974.
+ *   x        n abscissae, strictly ascending.
+ *   c        n records of 3 doubles. In: word 1 the value. Out: for TCUBVAL.
+ *   first_slope, last_slope  slopes at the ends, where they are given.
+ *   slope_switch  0: both are given; 1: the last is computed from the outer nodes; 2: the first
+ *            is; 3: both are.
+ *   tension  0: the cubic spline; the larger, the nearer to the polygon. The sign does not count.
+ *   error    out: 0; 1 for n below 2; 2 where x does not ascend. */
+VELMORANKITE_API void TCUBSPL(const int32_t* n, const double* x, double* c,
+                              const double* first_slope, const double* last_slope,
+                              const int32_t* slope_switch, const double* tension, int32_t* error);
+
+/* Returns the value of the spline under tension at t; beyond the table the outer intervals go
+ * on. */
+VELMORANKITE_API double TCUBVAL(const int32_t* n, const double* x, const double* c,
+                                const double* t);
+
+/* ---- Rotation and drape -------------------------------------------------------------------- */
+
+/* Puts a plain standard grid of 4-byte floats or signed 2-byte integers on a lattice that is
+ * turned, shifted and scaled against it, by the bilinear form, one missing corner of four being
+ * made up for. The output has the kind of cells of the input, z base 0 and z mult 1. output
+ * "outfile.grd" if fewer than 2 characters are left of it. dx to rows  cell sizes, origin (centre
+ * of the lowest left cell), counts of the input and of the output. angle     degrees by which the
+ * contents turn from X towards Y. pivots    the point of the output's space that falls on a point
+ * of the input's. scales    of the output against the input, along the turned axes; not 0.
+ *   sense_out 1: rows from the lowest Y; any other: from the highest.
+ *   spare     is not read.
+ *   stat_min, stat_max  go into the output's header.
+ *   status    0; -1 a blank name, a header that is not sound or cells of 1 byte; -2 other cells or
+ *             senses; -3 fewer than 2 columns or rows; -4 counts that are not the header's; -5 an
+ *             output lattice that is not sound; -6 a number that is not finite, or a scale of 0.
+ *             Nothing is then written. */
+VELMORANKITE_API void GEOROT(const char* input, const char* output, const double* dx_in,
+                             const double* dy_in, const double* x0_in, const double* y0_in,
+                             const int32_t* columns_in, const int32_t* rows_in,
+                             const double* dx_out, const double* dy_out, const double* x0_out,
+                             const double* y0_out, const int32_t* columns_out,
+                             const int32_t* rows_out, const float* angle, const double* x_pivot_out,
+                             const double* y_pivot_out, const double* x_pivot_in,
+                             const double* y_pivot_in, const double* x_scale, const double* y_scale,
+                             const int32_t* sense_out, const void* spare, const float* stat_min,
+                             const float* stat_max, int32_t* status, size_t input_length,
+                             size_t output_length);
+
+/* The same by the cubic of GEO_CELL_INTERPOLATION for 4-byte floats, on the lattice that the
+ * input's header tells: dx_in to rows_in count only for 2-byte integers, which go to GEOROT with
+ * the counts of the header.
+ *   mode    2: by logarithms, 3: log-linear, any other: the values as they are.
+ *   status  also what GRDRDH gives for the input. */
+VELMORANKITE_API void GEOROTD(
+    const char* input, const char* output, const double* dx_in, const double* dy_in,
+    const double* x0_in, const double* y0_in, const int32_t* columns_in, const int32_t* rows_in,
+    const double* dx_out, const double* dy_out, const double* x0_out, const double* y0_out,
+    const int32_t* columns_out, const int32_t* rows_out, const float* angle,
+    const double* x_pivot_out, const double* y_pivot_out, const double* x_pivot_in,
+    const double* y_pivot_in, const double* x_scale, const double* y_scale,
+    const int32_t* sense_out, const int32_t* mode, const void* spare, const float* stat_min,
+    const float* stat_max, int32_t* status, size_t input_length, size_t output_length);
+
+/* GEOROT with all reals in single precision. */
+VELMORANKITE_API void GEOROTS(const char* input, const char* output, const float* dx_in,
+                              const float* dy_in, const float* x0_in, const float* y0_in,
+                              const int32_t* columns_in, const int32_t* rows_in,
+                              const float* dx_out, const float* dy_out, const float* x0_out,
+                              const float* y0_out, const int32_t* columns_out,
+                              const int32_t* rows_out, const float* angle, const float* x_pivot_out,
+                              const float* y_pivot_out, const float* x_pivot_in,
+                              const float* y_pivot_in, const float* x_scale, const float* y_scale,
+                              const int32_t* sense_out, const void* spare, const float* stat_min,
+                              const float* stat_max, int32_t* status, size_t input_length,
+                              size_t output_length);
+
+/* Shifts the columns of a plain standard grid of 4-byte floats or signed 2-byte integers along Y by
+ * the height of a profile at their X: the output at (x, y) is the input at (x + x_shift,
+ * y - height(x) + y_shift), so contents move by the height and by minus the shift. Bilinear as
+ * GEOROT; the header's other fields are the input's.
+ *   n         points of the profile, at least 2: a cubic spline goes through them, flat beyond.
+ *   profile_x, profile_y  X, strictly ascending, and heights, map units.
+ *   status    as GEOROT, where a blank output is -1 too; -7 fewer than 2 points or points that do
+ *             not ascend. */
+VELMORANKITE_API void GEODRAPE(const char* input, const char* output, const int32_t* sense_out,
+                               const double* dx_out, const double* dy_out, const double* x0_out,
+                               const double* y0_out, const int32_t* columns_out,
+                               const int32_t* rows_out, const int32_t* n, const double* profile_x,
+                               const double* profile_y, const double* x_shift,
+                               const double* y_shift, int32_t* status, size_t input_length,
+                               size_t output_length);
+
+/* The same with all reals in single precision. */
+VELMORANKITE_API void GEODRAPES(const char* input, const char* output, const int32_t* sense_out,
+                                const float* dx_out, const float* dy_out, const float* x0_out,
+                                const float* y0_out, const int32_t* columns_out,
+                                const int32_t* rows_out, const int32_t* n, const float* profile_x,
+                                const float* profile_y, const float* x_shift, const float* y_shift,
+                                int32_t* status, size_t input_length, size_t output_length);
+
 /* ---- Transform ----------------------------------------------------------------------------- */
 
 /* Filters a grid: docs/transforms.md tells the filters, their parameters and their sources. The run

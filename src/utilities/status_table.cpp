@@ -5,6 +5,7 @@
 #include "formats/status_table.h"
 #include "utilities/bicubic.h"
 #include "utilities/point_values.h"
+#include "utilities/source_grid.h"
 
 namespace velmorankite {
 namespace {
@@ -12,6 +13,17 @@ namespace {
 constexpr status_row rows[] = {
     {"BICUBIC_GEO_INTERPOLATION", bicubic_bad_call, "a blank name, or a count of cells below 1"},
     {"BICUBIC_GRID_INTERPOLATION", bicubic_bad_call, "a count of cells below 1"},
+    {"GEODRAPE", resampling_profile_unsound,
+     "fewer than 2 points of the profile, or points that are not finite or do not ascend"},
+    {"GEOROT", resampling_header_unsound,
+     "a name that is blank or too short, a header that is not sound, or cells of 1 byte"},
+    {"GEOROT", resampling_cells_unknown,
+     "the cells are not 4-byte floats or signed 2-byte integers in one of the senses 1 and -2"},
+    {"GEOROT", resampling_too_small, "fewer than 2 columns or rows"},
+    {"GEOROT", resampling_counts_differ, "the counts are not those of the input's header"},
+    {"GEOROT", resampling_output_unsound, "the lattice of the output is not sound"},
+    {"GEOROT", resampling_numbers_unsound,
+     "a number that is not finite, a scale of 0, or an input cell size not above 0"},
     {"GEOVAL", point_values_bad_call, "a count of cells below 1"},
     {"GRDVAL", point_values_bad_call,
      "a blank name, a format of images, or a count of cells below 1"},
@@ -22,6 +34,11 @@ constexpr status_handover handovers[] = {
     {"BICUBIC_GRID_INTERPOLATIOND", "BICUBIC_GRID_INTERPOLATION"},
     {"BICUBIC_GRID_INTERPOLATIONS", "BICUBIC_GRID_INTERPOLATION"},
     {"GEOCLONE", "GRDRDH"},
+    {"GEODRAPE", "GEOROT"},
+    {"GEODRAPES", "GEODRAPE"},
+    {"GEOROT", "GRDRDH"},  // which GEOROTD asks first
+    {"GEOROTD", "GEOROT"},
+    {"GEOROTS", "GEOROT"},
     {"GEOVALS", "GEOVAL"},
     {"GRDVALD", "GRDVAL"},
     {"GRDVALI2", "GRDVAL"},

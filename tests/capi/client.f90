@@ -40,6 +40,19 @@ module grid_routines
       integer(c_int32_t), intent(out) :: status
       integer(c_size_t), value :: name_length
     end subroutine GRDVALD
+
+    subroutine CUBSPL(n, tau, c, begin_code, end_code) bind(C, name="CUBSPL")
+      import
+      integer(c_int32_t), intent(in) :: n, begin_code, end_code
+      real(c_double), intent(in) :: tau(n)
+      real(c_double), intent(inout) :: c(4, n)
+    end subroutine CUBSPL
+
+    real(c_double) function CUBVAL(n, tau, c, x) bind(C, name="CUBVAL")
+      import
+      integer(c_int32_t), intent(in) :: n
+      real(c_double), intent(in) :: tau(n), c(4, n), x
+    end function CUBVAL
   end interface
 end module grid_routines
 
@@ -88,9 +101,21 @@ program client
              'the biquadratic lies on the plane')
   call GRDRDH('missing.grd', ints, reals, band_name, status, 11_c_size_t, len(band_name, c_size_t))
   call check(status == -1001, 'a missing file is told')
+  call fit_square()
   if (failures > 0) stop 1
 
 contains
+
+  ! A spline is one table of 4 by n doubles: through squares it gives squares.
+  subroutine fit_square()
+    real(c_double), parameter :: tau(4) = [0.0_c_double, 1.0_c_double, 3.0_c_double, 4.0_c_double]
+    real(c_double) :: c(4, 4)
+    c = 0
+    c(1, :) = tau**2
+    call CUBSPL(4_c_int32_t, tau, c, 0_c_int32_t, 0_c_int32_t)
+    call check(abs(CUBVAL(4_c_int32_t, tau, c, 2.0_c_double) - 4) < 1.0e-9_c_double, &
+               'a spline meets what its nodes lie on')
+  end subroutine fit_square
 
   elemental real(c_float) function plane(at_x, at_y)
     real(c_double), intent(in) :: at_x, at_y
