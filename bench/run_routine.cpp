@@ -21,6 +21,7 @@
 #include "transform/transform_driver.h"
 #include "utilities/bicubic.h"
 #include "utilities/point_values.h"
+#include "utilities/rotation.h"
 
 namespace velmorankite::bench {
 namespace {
@@ -134,6 +135,29 @@ void convert(Arguments arguments) {
   require(GRDRDG(arguments[0], arguments[1], grid, whole), "GRDRDG");
 }
 
+// The lattice of a grid turned about its middle.
+rotation_request turned(Arguments arguments) {
+  rotation_request request;
+  request.input = arguments[0];
+  request.output = arguments[2];
+  request.in = request.out = lattice_of(describe(arguments[0]));
+  request.angle = std::stof(arguments[1]);
+  const grid_reals reals = describe(arguments[0]).reals;
+  request.x_pivot_in = request.x_pivot_out = (reals.x_min + reals.x_max) / 2.0;
+  request.y_pivot_in = request.y_pivot_out = (reals.y_min + reals.y_max) / 2.0;
+  return request;
+}
+
+// IN DEGREES OUT: a grid rotated by the cubic.
+void rotate(Arguments arguments) {
+  require(GEOROTD(turned(arguments), 1), "GEOROTD");
+}
+
+// IN DEGREES OUT: the same by the bilinear form.
+void rotate_bilinear(Arguments arguments) {
+  require(GEOROT(turned(arguments)), "GEOROT");
+}
+
 struct Routine {
   std::string_view name;
   std::size_t argument_count;
@@ -141,9 +165,14 @@ struct Routine {
 };
 
 constexpr Routine routines[] = {
-    {"bicubic", 3, bicubic}, {"continue", 3, continue_upwards},
-    {"convert", 2, convert}, {"evaluate", 3, evaluate},
-    {"fill", 2, fill<1>},    {"sample", 3, sample},
+    {"bicubic", 3, bicubic},
+    {"continue", 3, continue_upwards},
+    {"convert", 2, convert},
+    {"evaluate", 3, evaluate},
+    {"fill", 2, fill<1>},
+    {"rotate", 3, rotate},
+    {"rotate_bilinear", 3, rotate_bilinear},
+    {"sample", 3, sample},
     {"sweep", 2, fill<0>},
 };
 

@@ -1,7 +1,8 @@
-# The spectral work of Velmorankite as a script in NumPy and SciPy would do it, for bench/compare:
+# The work of some routines as a script in NumPy and SciPy would do it, for bench/compare:
 #   scipy_peer.py continue IN OUT CELLS SIDE        a standard grid upwards by some cells
 #   scipy_peer.py merge ONE TWO LINE OUT CELLS BLEND SIDE   two grids joined along a DXF line:
 #       nearest fill of the mismatch, continuation of it by CELLS, feathering over BLEND cells
+#   scipy_peer.py rotate IN OUT DEGREES ORDER       a grid turned about its middle, by splines
 # SIDE is that of the transform. Grids are standard grids of 4-byte floats on one lattice.
 # SPDX-License-Identifier: MIT
 import struct
@@ -42,6 +43,14 @@ def continued(cells, distance, side):
     return padded[inside] + mean
 
 
+def rotated(cells, degrees, order):
+    sine, cosine = np.sin(np.radians(degrees)), np.cos(np.radians(degrees))
+    turn = np.array([[cosine, -sine], [sine, cosine]])  # of rows and columns
+    middle = (np.array(cells.shape) - 1) / 2
+    return scipy.ndimage.affine_transform(cells, turn, middle - turn @ middle, order=order,
+                                          mode="constant", cval=-1.0e32)  # fmt: skip
+
+
 def read_line(path):
     """Vertices of the one polyline, in map units."""
     words = open(path).read().split("\n")
@@ -71,6 +80,9 @@ def main(words):
     if words[0] == "continue":
         header, cells = read_grid(words[1])
         write_grid(words[2], header, continued(cells, float(words[3]), int(words[4])))
+    elif words[0] == "rotate":
+        header, cells = read_grid(words[1])
+        write_grid(words[2], header, rotated(cells, float(words[3]), int(words[4])))
     else:
         header, one = read_grid(words[1])
         two = read_grid(words[2])[1]
