@@ -20,8 +20,10 @@
 #include "transform/filter_index.h"
 #include "transform/transform_driver.h"
 #include "utilities/bicubic.h"
+#include "utilities/flip.h"
 #include "utilities/point_values.h"
 #include "utilities/rotation.h"
+#include "utilities/trim.h"
 
 namespace velmorankite::bench {
 namespace {
@@ -158,6 +160,16 @@ void rotate_bilinear(Arguments arguments) {
   require(GEOROT(turned(arguments)), "GEOROT");
 }
 
+// IN OUT: without the outer blanks.
+void trim(Arguments arguments) {
+  require(GEOTRIM(arguments[0], arguments[1]), "GEOTRIM");
+}
+
+// IN OUT: a quarter turn.
+void flip(Arguments arguments) {
+  require(GEOFLIP(arguments[0], arguments[1]), "GEOFLIP");
+}
+
 struct Routine {
   std::string_view name;
   std::size_t argument_count;
@@ -165,15 +177,12 @@ struct Routine {
 };
 
 constexpr Routine routines[] = {
-    {"bicubic", 3, bicubic},
-    {"continue", 3, continue_upwards},
-    {"convert", 2, convert},
-    {"evaluate", 3, evaluate},
-    {"fill", 2, fill<1>},
-    {"rotate", 3, rotate},
-    {"rotate_bilinear", 3, rotate_bilinear},
-    {"sample", 3, sample},
-    {"sweep", 2, fill<0>},
+    {"bicubic", 3, bicubic}, {"continue", 3, continue_upwards},
+    {"convert", 2, convert}, {"evaluate", 3, evaluate},
+    {"fill", 2, fill<1>},    {"flip", 2, flip},
+    {"rotate", 3, rotate},   {"rotate_bilinear", 3, rotate_bilinear},
+    {"sample", 3, sample},   {"sweep", 2, fill<0>},
+    {"trim", 2, trim},
 };
 
 int run(Arguments arguments) {

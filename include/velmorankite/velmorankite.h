@@ -345,6 +345,39 @@ VELMORANKITE_API void ZRV_DLL_VERSION(int32_t* a, int32_t* b, int32_t* c);
  * below 0 back. Other modes and cells without data stay as they are. */
 VELMORANKITE_API void GRDZTRANS(const int32_t* mode, float* value, const int32_t* direction);
 
+/* ---- Whole grids --------------------------------------------------------------------------- */
+
+/* Finds the rectangle of a standard grid of 4-byte floats that holds data. Of the header only the
+ * counts are looked at.
+ *   first_column ... last_row  out: from 1; rows as they are stored, the lowest Y first in storage
+ *           sense 1 and last in sense -2. Without data: columns, 1, rows, 1.
+ *   status  -1 if no cell holds data, which a grid of one cell does not tell; not touched on
+ *           success. */
+VELMORANKITE_API void GEOLIMITS(const char* path, int32_t* first_column, int32_t* last_column,
+                                int32_t* first_row, int32_t* last_row, int32_t* status,
+                                size_t path_length);
+
+/* Rewrites a standard grid of storage sense -2 in sense 1, the lowest row first; one of sense 1
+ * stays as it is. Median and mean become unknown. Returns 0 or a negative status, and the grid is
+ * then as it was: -1 for a header that is not sound (of a compressed grid, too), -2 for cells of
+ * 1 byte and floats of other than 4, -3 for other senses. */
+VELMORANKITE_API int32_t GEOVALID(const char* path, size_t path_length);
+
+/* Cuts away the outer rows and columns of a standard grid that hold no data.
+ *   input   grid of 4-byte floats, 4-byte or 2-byte integers. Not changed.
+ *   output  "outfile.grd" if fewer than 2 characters are left of it; not the input.
+ *   status  -1 if no cell holds data or the header is not sound, -2 for other cells, -3 for senses
+ *           other than 1 and -2, nothing being written then; not touched on success. */
+VELMORANKITE_API void GEOTRIM(const char* input, const char* output, int32_t* status,
+                              size_t input_length, size_t output_length);
+
+/* Turns a standard grid of 4-byte cells counter-clockwise by a quarter turn: what lay at (X, Y)
+ * lies at (2 y_max - Y, X), with y_max the highest row of the input. Names as for GEOTRIM. Returns
+ * 0 or a negative status, with nothing written: -1 for a header that is not sound, -2 for cells of
+ * other than 4 bytes, -3 for senses other than 1 and -2. */
+VELMORANKITE_API int32_t GEOFLIP(const char* input, const char* output, size_t input_length,
+                                 size_t output_length);
+
 /* ---- Grid file formats --------------------------------------------------------------------- */
 
 /* Describes a grid file.

@@ -243,6 +243,19 @@ static void a_grid_is_extended(void) {
   check(fabsf(value - plane(x, y)) < 10.0F, "its margin has values like those beside it");
 }
 
+static void grids_are_turned_and_trimmed(void) {
+  int32_t first_column = 0, last_column = 0, first_row = 0, last_row = 0, status = 7;
+  check(GEOFLIP("one.grd", "turned.grd", 7, 10) == 0, "a grid is turned");
+  check(GEOVALID("turned.grd", 10) == 0, "and stored from the bottom");
+  GEOTRIM("turned.grd", "trimmed.grd", &status, 10, 11);
+  GEOLIMITS("trimmed.grd", &first_column, &last_column, &first_row, &last_row, &status, 11);
+  check(first_column == 1 && last_column == rows && first_row == 1 && last_row == columns,
+        "its columns have become rows, and nothing is cut from a grid without blanks");
+  check(status == 7, "success does not touch the status");
+  GEOTRIM("one.grd", "./one.grd", &status, 7, 9);
+  check(status == VELMORANKITE_FILE_FAILED, "an input is not trimmed into itself");
+}
+
 /* Grid 2 lies 5 above grid 1: the merged grid is grid 1's plane all over. */
 static void grids_are_joined(void) {
   int32_t ints_1[VELMORANKITE_DESCRIPTION_WORDS], ints_2[VELMORANKITE_DESCRIPTION_WORDS];
@@ -410,6 +423,7 @@ int main(void) {
   small_services_serve();
   grids_are_cloned_and_filled();
   a_grid_is_extended();
+  grids_are_turned_and_trimmed();
   grids_are_joined();
   grids_are_transformed();
   spectra_and_operators_are_made();
