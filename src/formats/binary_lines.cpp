@@ -18,17 +18,22 @@ namespace {
 class BinaryLines final : public LineSource {
  public:
   BinaryLines(platform::BinaryFile file, const grid_description& grid, cell_decoder decode)
-      : file_(std::move(file)), grid_(grid), decode_(decode), lines_(stored_lines_of(grid.ints)) {}
+      : file_(std::move(file)),
+        file_size_(file_.size()),
+        grid_(grid),
+        decode_(decode),
+        lines_(stored_lines_of(grid.ints)) {}
+
+  // Lines lie in the file one behind the other, so that those between two that are there are too.
+  [[nodiscard]] Status find_lines(std::int32_t first, std::int32_t last) const override {
+    return is_there(first) && is_there(last) ? success : binary_line_unread;
+  }
 
   Status read(std::int32_t number, bool wanted, std::span<float> cells) override {
     if (!wanted) {
       return success;
     }
     try {
-      // No more is taken than the file can hold.
-      if (lines_.bytes > file_.size()) {
-        return binary_line_unread;
-      }
       raw_.resize(static_cast<std::size_t>(lines_.bytes));
       file_.read(position(number), raw_);
     } catch (const platform::IoError&) {
@@ -39,18 +44,34 @@ class BinaryLines final : public LineSource {
   }
 
  private:
-  // ER Mapper's bands take turns line by line.
+  [[nodiscard]] bool takes_turns() const noexcept {
+    return grid_.ints.format_code == format_ermapper;
+  }
+
+  // How many stored lines lie ahead of one; ER Mapper's bands take turns line by line.
+  [[nodiscard]] std::int64_t lines_ahead(std::int32_t number) const noexcept {
+    const std::int64_t ahead = std::int64_t{number} - 1;
+    return takes_turns() ? ahead * grid_.ints.band_count + grid_.ints.band_select - 1 : ahead;
+  }
+
+  // Bytes ahead of the cells of the first stored line.
+  [[nodiscard]] std::int64_t bytes_ahead() const noexcept {
+    return std::int64_t{grid_.ints.data_offset} + (takes_turns() ? 0 : grid_.ints.aux_1);
+  }
+
   [[nodiscard]] std::int64_t position(std::int32_t number) const noexcept {
-    const grid_ints& ints = grid_.ints;
-    std::int64_t ahead = std::int64_t{number} - 1;
-    if (ints.format_code == format_ermapper) {
-      ahead = ahead * ints.band_count + ints.band_select - 1;
-      return ahead * lines_.stride + ints.data_offset + 1;
-    }
-    return std::int64_t{ints.data_offset} + ints.aux_1 + ahead * lines_.stride + 1;
+    return bytes_ahead() + lines_ahead(number) * lines_.stride + 1;
+  }
+
+  // Divides, since the counts of a header may have a product beyond 64 bits.
+  [[nodiscard]] bool is_there(std::int32_t number) const noexcept {
+    const std::int64_t room = file_size_ - bytes_ahead() - lines_.bytes;
+    return bytes_ahead() >= 0 && room >= 0 && lines_.stride > 0 && lines_ahead(number) >= 0 &&
+           lines_ahead(number) <= room / lines_.stride;
   }
 
   platform::BinaryFile file_;
+  std::int64_t file_size_;
   const grid_description& grid_;
   cell_decoder decode_;
   stored_lines lines_;

@@ -79,14 +79,17 @@ class Conversion {
         across_(columns_ ? kept.columns : kept.rows),
         along_(columns_ ? kept.rows : kept.columns),
         lattice_(kept_lattice(grid, kept)),
-        output_(output),
-        line_(static_cast<std::size_t>(lines_.length)) {}
+        output_(output) {}
 
   Status run() {
     // A lattice has rows and columns the other way round from the lines of a grid by columns.
     const std::int32_t sense = grid_.ints.storage_sense;
     ascends_across_ = columns_ ? x_ascends(sense) : y_ascends(sense);
     ascends_along_ = columns_ ? y_ascends(sense) : x_ascends(sense);
+    if (const Status status = find_kept_lines(); status.failed()) {
+      return status;
+    }
+    line_ = platform::LargeArray<float>(static_cast<std::size_t>(lines_.length));
     if (columns_) {
       held_ = platform::LargeArray<float>(static_cast<std::size_t>(lattice_.cell_count()));
     }
@@ -104,8 +107,19 @@ class Conversion {
   [[nodiscard]] const CellStatistics& statistics() const noexcept { return statistics_; }
 
  private:
+  // The place of a stored line on the lattice, and the stored line of a place.
+  [[nodiscard]] std::int32_t turned(std::int32_t number) const noexcept {
+    return ascends_across_ ? number : lines_.count - number + 1;
+  }
+
+  // What lies outside the window may be missing.
+  [[nodiscard]] Status find_kept_lines() const {
+    const auto [first, last] = std::minmax({turned(across_.first), turned(across_.last)});
+    return source_.find_lines(first, last);
+  }
+
   Status take_line(std::int32_t number) {
-    const std::int32_t place = ascends_across_ ? number : lines_.count - number + 1;
+    const std::int32_t place = turned(number);
     const bool wanted = across_.has(place);
     const Status status = source_.read(number, wanted, line_.span());
     if (status.failed() || !wanted) {

@@ -24,11 +24,12 @@ inline constexpr Status expansion_unplaced{-10902};
 //   grid    of the input, from GRDRDH; out, on success: the out_ fields, counts of cells with and
 //           without data, smallest and largest value, mean and standard deviation.
 //   window  what is kept; out: the grid's own limits if a step is below 1.
-// Grids that store rows are converted line by line, whatever their size; those that store columns
-// are held in memory. Compressed grids are expanded into a scratch file in the current directory
-// or, where that cannot be, in that of the environment variable "TEMP".
-// Status: success, one of those above or of line_source.h. Throws IoError where the input cannot be
-// opened or the output not be written.
+// Only lines of the window are looked for: a binary file that is cut off behind them converts, and
+// one that is cut off ahead of their end is refused before anything is allocated. Grids that store
+// rows are converted line by line, whatever their size; those that store columns are held in
+// memory. Compressed grids are expanded into a scratch file in the current directory or, where that
+// cannot be, in that of the environment variable "TEMP". Status: success, one of those above or of
+// line_source.h. Throws IoError where the input cannot be opened or the output not be written.
 Status GRDRDG(std::string_view input, std::string_view output, grid_description& grid,
               grid_window& window);
 

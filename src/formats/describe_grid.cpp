@@ -115,7 +115,7 @@ Status GRDRDH(std::string_view file_name, grid_description& grid, grid_texts& te
   }
   // The users of a plain standard grid hold it against its file when they open it.
   if (!is_plain_standard(grid.ints)) {
-    if (const Status status = check_description(grid, file.size); status.failed()) {
+    if (const Status status = check_description(grid); status.failed()) {
       return status;
     }
   }

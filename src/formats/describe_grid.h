@@ -16,14 +16,14 @@ inline constexpr Status first_bytes_unreadable{-1006};
 inline constexpr Status header_file_missing{-2001};
 
 // Finds out the format of a file, by its extension and its first bytes, and fills the description
-// from its header; the cells are not read.
+// from its header. The cells are not looked at: whether the file holds them shows when they are
+// read.
 //   file_name  path; trailing blanks and one trailing NUL are dropped.
 //   grid       out: cleared, then filled as far as the format tells. On success
 //              x_max = x_min + (x_count - 1) x x_cell, and the same along Y, at cell centres.
 //   texts      out: names of the bands, and advice to the user about this file.
 // Status: one of those above, of the format's reader, or of header_status.h for a header that is
-// not sound; a plain standard grid is held against its file by those who read its cells. Throws
-// IoError for a file that exists and cannot be opened.
+// not sound. Throws IoError for a file that exists and cannot be opened.
 Status GRDRDH(std::string_view file_name, grid_description& grid, grid_texts& texts);
 
 }  // namespace velmorankite

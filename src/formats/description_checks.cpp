@@ -15,14 +15,9 @@ bool is_cell_size(double value) {
   return std::isnormal(value) && value > 0.0;
 }
 
-bool file_holds_cells(const grid_ints& ints, const stored_lines& lines, std::int64_t file_size) {
-  // Both factors are below 2^31, so that the sum stays below 2^63.
-  return ints.data_offset + lines.stride * lines.count <= file_size;
-}
-
 }  // namespace
 
-Status check_description(const grid_description& grid, std::int64_t file_size) {
+Status check_description(const grid_description& grid) {
   const grid_ints& ints = grid.ints;
   const grid_reals& reals = grid.reals;
   const stored_lines lines = stored_lines_of(ints);
@@ -38,13 +33,7 @@ Status check_description(const grid_description& grid, std::int64_t file_size) {
       return limits_unsound;
     }
   }
-  if (!has_cells_in_place(ints)) {
-    return success;
-  }
-  if (ints.data_offset < 0 || ints.data_offset > file_size) {
-    return pointer_outside;
-  }
-  return file_holds_cells(ints, lines, file_size) ? success : cells_missing;
+  return ints.data_offset < 0 ? pointer_outside : success;
 }
 
 }  // namespace velmorankite

@@ -1,17 +1,15 @@
 // Whether a description can be that of a grid that can be read.
 // SPDX-License-Identifier: MIT
 #pragma once
-#include <cstdint>
 
 #include "formats/grid_description.h"
 #include "grid/status.h"
 
 namespace velmorankite {
 
-// Holds counts, cell sizes and limits against what a grid can have, and the place of binary cells
-// against the size of the file in bytes, so that nothing is allocated that the file cannot fill.
-// Status: success, counts_unsound, cell_size_unsound, limits_unsound, pointer_outside,
-// cells_missing.
-Status check_description(const grid_description& grid, std::int64_t file_size);
+// Holds counts, cell sizes, limits and the place of the first cell against what a grid can have.
+// Whether the file holds the cells is for those to find out who read them.
+// Status: success, counts_unsound, cell_size_unsound, limits_unsound, pointer_outside.
+Status check_description(const grid_description& grid);
 
 }  // namespace velmorankite

@@ -30,6 +30,13 @@ class LineSource {
   LineSource(const LineSource&) = delete;
   LineSource& operator=(const LineSource&) = delete;
 
+  // Whether the file can hold two stored lines and all between them, asked before anything is
+  // allocated for their cells. Text tells that only when it is read.
+  // Status: success, binary_line_unread.
+  [[nodiscard]] virtual Status find_lines(std::int32_t /*first*/, std::int32_t /*last*/) const {
+    return success;
+  }
+
   // Decodes stored line `number`, each in its turn from 1.
   //   wanted  false: the line is passed over, and `cells` need not be filled.
   //   cells   out: the line in stored order, as settle_cells takes it.

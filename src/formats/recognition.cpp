@@ -155,15 +155,12 @@ bool is_gmt(const file_head& head, grid_description& grid) {
 }
 
 // The same header whatever the low word of its lowest X, and also with the limits of the cells'
-// edges (registration 1). Counts, limits, cell sizes and the file's size must all agree.
+// edges (registration 1). Counts, limits and cell sizes must all agree.
 bool is_gmt_in_full(const file_head& head, grid_description& grid) {
   const auto registration = head.at<std::int32_t>(8);
   const auto x_count = head.at<std::int32_t>(0);
   const auto y_count = head.at<std::int32_t>(4);
-  constexpr std::int64_t header = 892;
-  constexpr std::int64_t cell = 4;
-  if (x_count < 1 || y_count < 1 || (registration != 0 && registration != 1) ||
-      y_count > (head.file.size - header) / (cell * x_count)) {
+  if (x_count < 1 || y_count < 1 || (registration != 0 && registration != 1)) {
     return false;
   }
   grid_description found = grid;

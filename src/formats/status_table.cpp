@@ -83,7 +83,6 @@ constexpr status_row rows[] = {
     {"GRDRDH", counts_unsound, "a count of cells is below 1 or too large"},
     {"GRDRDH", cell_size_unsound, "a cell size is zero, negative or not finite"},
     {"GRDRDH", limits_unsound, "a limit of the grid is not finite"},
-    {"GRDRDH", cells_missing, "the file is too short for its counts of cells"},
     {"GRDRDH", table_too_long,
      "a table of the header has more entries than the file or the reader holds"},
     {"GRDRDH", pointer_outside, "a table of the header points outside the file"},

@@ -336,6 +336,98 @@ TEST_F(Conversion, expands_a_compressed_grid_and_leaves_no_scratch_file) {
   EXPECT_EQ(folder.names(), (std::vector<std::string>{"a.grd"}));
 }
 
+// The window without the stored line that comes last in the file, thinned out alike in X and Y.
+grid_window without_last_line(const grid_description& grid, std::int32_t step) {
+  const grid_reals& r = grid.reals;
+  grid_window window{r.x_min, r.x_max, step, r.y_min, r.y_max, step};
+  switch (grid.ints.storage_sense) {
+    case -1:
+      window.x_end -= r.x_cell;
+      break;
+    case 1:
+      window.y_end -= r.y_cell;
+      break;
+    default:
+      window.y_start += r.y_cell;
+  }
+  return window;
+}
+
+TEST_F(Conversion, of_a_file_cut_within_its_cells_needs_only_the_lines_of_the_window) {
+  struct example {
+    std::string name, bytes;
+    std::size_t behind = 0;  // bytes behind the last cell
+    std::int32_t step = 1;
+  };
+  std::vector<example> examples;
+  testing::sample_grid sample = testing::small_sample();
+  sample.lattice.x_count = 66;  // cells enough for each file to be longer than its first bytes
+  sample.cells.resize(std::size_t{66} * 4);
+  std::iota(sample.cells.begin(), sample.cells.end(), 1000.0F);
+  for (const testing::foreign_format& format : testing::foreign_formats()) {
+    const bool framed = format.format_code == 2 || format.format_code == 16;
+    if (format.format_code != 19) {  // whose cells are found from the end of the file
+      examples.push_back({format.file_name, format.bytes(sample), framed ? 4U : 0U});
+    }
+  }
+  for (const char* name : {"surfer/surfer6.grd", "surfer/surfer7.grd", "gmt/native.grd",
+                           "gmt/native_pixel.grd", "netcdf/field.nc", "netcdf/older.grd"}) {
+    examples.push_back({std::filesystem::path(name).filename(), read_file(test_data(name))});
+  }
+  std::filesystem::copy_file(test_data("gdal/square.hdr"), folder / "square.hdr");
+  examples.push_back({"square.flt", read_file(test_data("gdal/square.flt"))});
+  examples.push_back({"S45E120.xi", std::string(12500000, '\1'), 0, 100});
+  for (const example& e : examples) {
+    SCOPED_TRACE(e.name);
+    const std::filesystem::path file = folder / e.name;
+    write_file(file, e.bytes);
+    const grid_window asked = without_last_line(testing::describe(file), e.step);
+    ASSERT_EQ(convert(file, asked), success);
+    const std::string expected = read_file(output);
+    std::filesystem::resize_file(file, e.bytes.size() - e.behind);
+    EXPECT_EQ(convert(file), success);
+    std::filesystem::remove(output);
+    std::filesystem::resize_file(file, e.bytes.size() - e.behind - 1);
+    EXPECT_EQ(convert(file), binary_line_unread);
+    EXPECT_FALSE(std::filesystem::exists(output));
+    EXPECT_EQ(convert(file, asked), success);
+    EXPECT_EQ(read_file(output), expected);
+    std::filesystem::remove(output);
+    if (grid.ints.data_offset > 300 && grid.ints.format_code != format_netcdf) {
+      std::filesystem::resize_file(file, 300);
+      EXPECT_EQ(convert(file), binary_line_unread);
+    }
+  }
+}
+
+TEST_F(Conversion, holds_counts_and_places_against_the_file_before_it_takes_memory) {
+  const std::string whole = testing::foreign_formats()[3].bytes(testing::small_sample());
+  write_file(folder / "a", whole);
+  const grid_description sound = testing::describe(folder / "a");
+  struct example {
+    const char* what;
+    std::function<void(grid_ints&)> spoil;
+  };
+  constexpr std::int32_t most = std::numeric_limits<std::int32_t>::max();
+  const example examples[] = {
+      {"rows", [](grid_ints& i) { i.y_count = most; }},
+      {"columns", [](grid_ints& i) { i.x_count = most; }},
+      {"both, as doubles", [](grid_ints& i) { i.x_count = i.y_count = most, i.element_code = 8; }},
+      {"columns stored", [](grid_ints& i) { i.x_count = i.y_count = most, i.storage_sense = -1; }},
+      {"an offset", [](grid_ints& i) { i.data_offset = -1; }},
+      {"bands",
+       [](grid_ints& i) {
+         i.format_code = format_ermapper;
+         i.band_count = i.band_select = i.y_count = i.x_count = most;
+       }},
+  };
+  for (const example& e : examples) {
+    grid = sound;
+    e.spoil(grid.ints);
+    EXPECT_EQ(GRDRDG("a", output.string(), grid, window = {}), binary_line_unread) << e.what;
+  }
+}
+
 TEST_F(Conversion, that_cannot_be_done_gives_its_status_and_no_output) {
   struct example {
     const char* name;

@@ -16,6 +16,7 @@ using testing::MergeFolder;
 using testing::read_file;
 using testing::read_grid;
 using testing::run_text;
+using testing::test_data;
 using testing::write_file;
 using testing::write_grid;
 
@@ -239,6 +240,11 @@ TEST(MergeStops, at_an_input_that_cannot_be_used_say_which) {
        "one.grd: the compressed grid cannot be expanded\n"},
       {"grid 2 is cut off", [](MergeFolder& f) { write_text_grid(f, "two.asc", 30); }, convert_2,
        "two.asc: line 31 of the cells cannot be read\n"},
+      {"grid 2 ends within its cells",
+       [](MergeFolder& f) {
+         write_file(f / "two.grd", read_file(test_data("surfer/surfer7.grd")).substr(0, 827));
+       },
+       convert_2, "two.grd: a line of the cells cannot be read\n"},
   };
   for (const stop& s : stops) {
     expect_stop(s);
