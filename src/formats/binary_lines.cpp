@@ -4,9 +4,9 @@
 #include <utility>
 #include <vector>
 
-#include "formats/catalogue.h"
 #include "formats/cell_decoding.h"
 #include "formats/companion_file.h"
+#include "formats/format_traits.h"
 #include "formats/line_source.h"
 #include "formats/stored_lines.h"
 #include "platform/binary_file.h"
@@ -22,7 +22,8 @@ class BinaryLines final : public LineSource {
         file_size_(file_.size()),
         grid_(grid),
         decode_(decode),
-        lines_(stored_lines_of(grid.ints)) {}
+        lines_(stored_lines_of(grid.ints)),
+        in_turns_(traits_of(grid.ints).lines == line_form::in_turns) {}
 
   // Lines lie in the file one behind the other, so that those between two that are there are too.
   [[nodiscard]] Status find_lines(std::int32_t first, std::int32_t last) const override {
@@ -44,19 +45,15 @@ class BinaryLines final : public LineSource {
   }
 
  private:
-  [[nodiscard]] bool takes_turns() const noexcept {
-    return grid_.ints.format_code == format_ermapper;
-  }
-
-  // How many stored lines lie ahead of one; ER Mapper's bands take turns line by line.
+  // How many stored lines lie ahead of one.
   [[nodiscard]] std::int64_t lines_ahead(std::int32_t number) const noexcept {
     const std::int64_t ahead = std::int64_t{number} - 1;
-    return takes_turns() ? ahead * grid_.ints.band_count + grid_.ints.band_select - 1 : ahead;
+    return in_turns_ ? ahead * grid_.ints.band_count + grid_.ints.band_select - 1 : ahead;
   }
 
   // Bytes ahead of the cells of the first stored line.
   [[nodiscard]] std::int64_t bytes_ahead() const noexcept {
-    return std::int64_t{grid_.ints.data_offset} + (takes_turns() ? 0 : grid_.ints.aux_1);
+    return std::int64_t{grid_.ints.data_offset} + (in_turns_ ? 0 : grid_.ints.aux_1);
   }
 
   [[nodiscard]] std::int64_t position(std::int32_t number) const noexcept {
@@ -75,6 +72,7 @@ class BinaryLines final : public LineSource {
   const grid_description& grid_;
   cell_decoder decode_;
   stored_lines lines_;
+  bool in_turns_;  // the bands, line by line
   std::vector<std::byte> raw_;
 };
 
@@ -82,7 +80,7 @@ class BinaryLines final : public LineSource {
 
 std::unique_ptr<LineSource> open_binary_lines(const std::filesystem::path& path,
                                               const grid_description& grid, Status& status) {
-  const bool beside = grid.ints.format_code == format_ermapper;
+  const bool beside = traits_of(grid.ints).second == second_file::cells;
   const std::filesystem::path cells = beside ? ermapper_cells(path) : path;
   const cell_decoder decode = decoder_of(grid.ints);
   if (cells.empty() || decode == nullptr) {

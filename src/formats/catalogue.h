@@ -35,6 +35,11 @@ inline constexpr std::int32_t format_newmont = 23;
 inline constexpr std::int32_t format_zmap = 24;
 inline constexpr std::int32_t format_geodesy = 25;
 
+// What the recognition leaves for the kinds of file that share a code: the element code of Surfer
+// text, and the first byte of the standard grid's first row where rows are records.
+inline constexpr std::int32_t surfer_text_mark = 1;
+inline constexpr std::int32_t first_row_record = 36;
+
 // How many formats the catalogue holds.
 void GET_NUM_SUPPORTED_GRID_FORMATS(std::int32_t& count) noexcept;
 

@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <string>
 
-#include "formats/catalogue.h"
+#include "formats/format_traits.h"
 #include "formats/recognition.h"
 #include "platform/file_tests.h"
 #include "platform/io_error.h"
@@ -34,16 +34,12 @@ std::filesystem::path ermapper_cells(const std::filesystem::path& header) {
 }
 
 std::filesystem::path companion_file(const std::filesystem::path& path, std::int32_t format_code) {
-  switch (format_code) {
-    case format_ermapper:
-      return ermapper_cells(path);
-    case format_bil:
-    case format_bip:
-    case format_float_cells:
-      return header_beside(path);
-    default:
-      return {};
-  }
+  grid_ints ints;
+  ints.format_code = format_code;
+  const second_file second = traits_of(ints).second;
+  return second == second_file::cells    ? ermapper_cells(path)
+         : second == second_file::header ? header_beside(path)
+                                         : std::filesystem::path();
 }
 
 std::filesystem::path companion_file(const std::filesystem::path& path) {

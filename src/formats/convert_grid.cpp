@@ -15,6 +15,7 @@
 #include "formats/companion_file.h"
 #include "formats/compressed_grid.h"
 #include "formats/describe_grid.h"
+#include "formats/format_traits.h"
 #include "formats/stored_lines.h"
 #include "grid/cell_position.h"
 #include "grid/grid_rows.h"
@@ -30,34 +31,6 @@ namespace velmorankite {
 namespace {
 
 namespace fs = std::filesystem;
-
-enum class cell_storage { none, images, text, binary };
-
-cell_storage storage_of(const grid_ints& ints) {
-  switch (ints.format_code) {
-    case format_pcidsk:
-    case format_bil:
-    case format_bip:
-      return cell_storage::images;
-    case format_gxf:
-    case format_grid_text:
-    case format_arcinfo:
-    case format_zmap:
-      return cell_storage::text;
-    case format_surfer_6:
-      return std::abs(ints.element_code) == 1 ? cell_storage::text : cell_storage::binary;
-    default:
-      return ints.format_code >= 1 && ints.format_code <= format_geodesy &&
-                     ints.format_code != format_raster
-                 ? cell_storage::binary
-                 : cell_storage::none;
-  }
-}
-
-bool is_compressed(const grid_ints& ints) {
-  return ints.format_code == format_standard && ints.data_offset == standard_header_bytes &&
-         ints.element_code < 0;
-}
 
 // Senses of absolute value 3 and 4 store from the highest X down, 2 and 3 from the highest Y.
 bool x_ascends(std::int32_t sense) {
@@ -261,10 +234,10 @@ void write_statistics(platform::BinaryFile& output, const Lattice& lattice,
 }
 
 // Converts what `cells` describes, in the file `path`, into the output.
-Status convert(const fs::path& path, const grid_description& cells, cell_storage storage,
+Status convert(const fs::path& path, const grid_description& cells, cell_form storage,
                const kept_window& kept, const fs::path& output, grid_description& grid) {
   Status status;
-  const std::unique_ptr<LineSource> source = storage == cell_storage::text
+  const std::unique_ptr<LineSource> source = storage == cell_form::text
                                                  ? open_text_lines(path, cells, status)
                                                  : open_binary_lines(path, cells, status);
   if (source == nullptr) {
@@ -301,8 +274,8 @@ Status GRDRDG(std::string_view input, std::string_view output, grid_description&
               grid_window& window) {
   const fs::path from(name_in(input));
   const fs::path to(name_in(output));
-  const cell_storage storage = storage_of(grid.ints);
-  if (from.empty() || storage == cell_storage::images || grid.ints.x_count < 1 ||
+  const cell_form storage = traits_of(grid.ints).cells;
+  if (from.empty() || storage == cell_form::images || grid.ints.x_count < 1 ||
       grid.ints.y_count < 1) {
     return conversion_impossible;
   }
@@ -310,7 +283,7 @@ Status GRDRDG(std::string_view input, std::string_view output, grid_description&
   if (!kept) {
     return conversion_impossible;
   }
-  if (storage == cell_storage::none) {
+  if (storage == cell_form::none) {
     return conversion_missing;
   }
   if (to.empty() || platform::find_clash(files_of_grid(from, "the input", grid.ints.format_code),

@@ -6,26 +6,23 @@
 
 #include "formats/companion_file.h"
 #include "formats/description_checks.h"
+#include "formats/format_traits.h"
 #include "formats/header_readers.h"
 #include "formats/recognition.h"
 #include "formats/text_helpers.h"
 #include "grid/dummy.h"
 #include "platform/file_tests.h"
+#include "platform/padded_text.h"
 
 namespace velmorankite {
 namespace {
 
-std::string_view without_trailing_blanks(std::string_view name) {
-  const std::size_t last = name.find_last_not_of(' ');
-  return last == std::string_view::npos ? std::string_view() : name.substr(0, last + 1);
-}
-
-Status read_header(const format_reader& reader, const grid_file& file, grid_description& grid,
+Status read_header(const format_traits& format, const grid_file& file, grid_description& grid,
                    grid_texts& texts) {
   header_source source{file};
   std::optional<platform::BinaryFile> binary;
   std::optional<platform::TextReader> text;
-  switch (reader.access) {
+  switch (format.access) {
     case header_access::binary:
       source.binary = &binary.emplace(file.path, platform::open_mode::read);
       break;
@@ -43,7 +40,7 @@ Status read_header(const format_reader& reader, const grid_file& file, grid_desc
     case header_access::name_only:
       break;
   }
-  return reader.read(source, grid, texts);
+  return format.read(source, grid, texts);
 }
 
 // What the format did not say: limits of the converted grid as those of the file, and the file's
@@ -77,7 +74,7 @@ Status GRDRDH(std::string_view file_name, grid_description& grid, grid_texts& te
   grid.ints.band_count = 1;
   grid.ints.band_select = 1;
 
-  std::string_view name = without_trailing_blanks(file_name);
+  std::string_view name = platform::without_padding(file_name);
   constexpr std::size_t shortest_name = 3;
   if (name.size() < shortest_name) {
     return name_too_short;
@@ -100,8 +97,8 @@ Status GRDRDH(std::string_view file_name, grid_description& grid, grid_texts& te
     }
     return status;
   }
-  const format_reader* const reader = find_reader(grid);
-  if (reader == nullptr) {
+  const format_traits& format = traits_of(grid.ints);
+  if (format.read == nullptr) {
     return format_unknown;
   }
   grid.reals.z_base = 0.0;
@@ -110,7 +107,7 @@ Status GRDRDH(std::string_view file_name, grid_description& grid, grid_texts& te
                         &grid.reals.z_spread, &grid.reals.unused_14, &grid.reals.unused_15}) {
     *value = static_cast<double>(dummy);
   }
-  if (const Status status = read_header(*reader, file, grid, texts); status.failed()) {
+  if (const Status status = read_header(format, file, grid, texts); status.failed()) {
     return status;
   }
   // The users of a plain standard grid hold it against its file when they open it.

@@ -30,17 +30,6 @@ struct header_source {
 
 using header_reader = Status (*)(header_source& source, grid_description& grid, grid_texts& texts);
 
-struct format_reader {
-  std::int32_t format_code;
-  header_access access;
-  header_reader read;
-  bool (*applies)(const grid_ints& ints) = nullptr;  // where a format has headers of two kinds
-};
-
-// The row for what the recognition left in the description; nullptr for a format whose header
-// cannot be read.
-[[nodiscard]] const format_reader* find_reader(const grid_description& grid);
-
 // Reads bytes of a binary header, from a position that counts from 1; false if the file ends
 // before. Throws IoError for a read that fails.
 [[nodiscard]] bool read_header_bytes(const header_source& source, std::int64_t position,

@@ -3,6 +3,7 @@
 #include <span>
 #include <string>
 
+#include "formats/catalogue.h"
 #include "formats/header_status.h"
 #include "formats/header_text.h"
 #include "formats/header_text_readers.h"
@@ -69,7 +70,7 @@ Status read_surfer_text_header(header_source& source, grid_description& grid, gr
   grid_ints& ints = grid.ints;
   grid_reals& reals = grid.reals;
   ints.data_offset = surfer_header_lines;
-  ints.element_code = 1;  // marks the text form; the cells are plain numbers
+  ints.element_code = surfer_text_mark;  // the cells are plain numbers
   ints.storage_sense = sense_bottom_up;
   ints.element_kind = kind_float;
   reals.dummy_value = surfer_blank;

@@ -117,8 +117,7 @@ struct content_test {
 
 // The two variants have readers of their own.
 bool tells_its_variant(const file_head& head, grid_description& grid) {
-  constexpr std::int32_t text_mark = 1;
-  grid.ints.element_code = head.text().starts_with("DSAA") ? text_mark : 4;
+  grid.ints.element_code = head.text().starts_with("DSAA") ? surfer_text_mark : 4;
   return true;
 }
 
@@ -209,7 +208,6 @@ bool is_standard_grid(const file_head& head, grid_description&) {
 // Seven big-endian floats in a record with its length of 28 bytes ahead and behind.
 bool is_record_layout(const file_head& head, grid_description& grid) {
   constexpr std::string_view record_length{"\0\0\0\x1C", 4};
-  constexpr std::int32_t first_row_record = 36;
   if (head.text().substr(0, 4) != record_length || head.text().substr(32, 4) != record_length) {
     return false;
   }

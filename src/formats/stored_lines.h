@@ -24,8 +24,4 @@ struct stored_lines {
 // counted in. A count below 1 counts as none.
 [[nodiscard]] stored_lines stored_lines_of(const grid_ints& ints) noexcept;
 
-// Whether the cells stand as plain bytes in the described file itself, so that its size bounds
-// their number: not in another file, not as text, not compressed.
-[[nodiscard]] bool has_cells_in_place(const grid_ints& ints) noexcept;
-
 }  // namespace velmorankite

@@ -7,7 +7,7 @@
 
 #include "formats/convert_grid.h"
 #include "formats/describe_grid.h"
-#include "formats/stored_lines.h"
+#include "formats/format_traits.h"
 #include "fuzz/fuzz_folder.h"
 #include "fuzz/grid_names.h"
 #include "platform/io_error.h"

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "formats/describe_grid.h"
+#include "formats/format_traits.h"
 #include "fuzz/fuzz_folder.h"
 #include "fuzz/grid_names.h"
 #include "fuzz/memory_system.h"
@@ -43,7 +44,7 @@ class GridNames {
 };
 
 void expect_grid(const grid_description& grid) {
-  expect(grid.ints.format_code >= 1 && grid.ints.format_code <= 25);
+  expect(traits_of(grid.ints).read != nullptr);
   if (is_plain_standard(grid.ints)) {
     return;  // held against its file by those who read it
   }
