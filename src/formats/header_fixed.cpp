@@ -86,11 +86,7 @@ void cells_from_limits(const grid_file&, std::span<const std::byte>, grid_descri
 
 // The limits are those of the outer cells' edges.
 void centres_from_edges(const grid_file&, std::span<const std::byte>, grid_description& grid) {
-  R& reals = grid.reals;
-  reals.x_min += reals.x_cell / 2.0;
-  reals.x_max -= reals.x_cell / 2.0;
-  reals.y_min += reals.y_cell / 2.0;
-  reals.y_max -= reals.y_cell / 2.0;
+  edges_to_centres(grid.reals);
 }
 
 void square_cells(const grid_file& file, std::span<const std::byte> bytes, grid_description& grid) {

@@ -148,13 +148,6 @@ Status take_ranges(const platform::BinaryFile& file, const netcdf_header& header
   return success;
 }
 
-void move_edges_inwards(grid_reals& reals) {
-  reals.x_min += reals.x_cell / 2.0;
-  reals.x_max -= reals.x_cell / 2.0;
-  reals.y_min += reals.y_cell / 2.0;
-  reals.y_max -= reals.y_cell / 2.0;
-}
-
 // Where these conventions are read otherwise than their standard says, the user should hear of it.
 void advise(const platform::BinaryFile& file, const netcdf_header& header,
             const netcdf_variable& cells, const grid_reals& reals, grid_texts& texts) {
@@ -200,7 +193,7 @@ Status read_older(const platform::BinaryFile& file, const netcdf_header& header,
   grid.ints.storage_sense = -2;
   grid.ints.element_kind = kind_float;
   if (edges) {
-    move_edges_inwards(grid.reals);
+    edges_to_centres(grid.reals);
   }
   if (!header.within_small_tables) {
     return table_too_long;

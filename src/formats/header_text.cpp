@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "formats/text_helpers.h"
+#include "platform/padded_text.h"
 
 namespace velmorankite {
 namespace {
@@ -51,7 +52,7 @@ std::string_view trimmed_text(std::string_view text) noexcept {
   if (first == std::string_view::npos) {
     return {};
   }
-  return text.substr(first, text.find_last_not_of(' ') - first + 1);
+  return platform::without_padding(text.substr(first));
 }
 
 bool read_number(std::string_view text, std::int32_t& value) {

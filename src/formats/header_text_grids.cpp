@@ -4,6 +4,7 @@
 #include <string>
 
 #include "formats/catalogue.h"
+#include "formats/header_numbers.h"
 #include "formats/header_status.h"
 #include "formats/header_text.h"
 #include "formats/header_text_readers.h"
@@ -52,14 +53,11 @@ Status read_limits(std::string_view line, grid_description& grid) {
 }
 
 // Limits that span as many cells as there are columns are edges; centres span one cell less.
-void edges_to_centres(grid_description& grid) {
+void place_centres(grid_description& grid) {
   grid_reals& r = grid.reals;
   const double columns = (r.x_max - r.x_min) / r.x_cell;
   if (columns >= grid.ints.x_count && columns < grid.ints.x_count + 1.0) {
-    r.x_min += r.x_cell / 2.0;
-    r.x_max -= r.x_cell / 2.0;
-    r.y_min += r.y_cell / 2.0;
-    r.y_max -= r.y_cell / 2.0;
+    edges_to_centres(r);
   }
 }
 
@@ -123,7 +121,7 @@ Status read_grid_text_header(header_source& source, grid_description& grid, grid
   if (!reader.next_line(line) || !read_fields(line, scales)) {
     return grid_text_scale_unread;
   }
-  edges_to_centres(grid);
+  place_centres(grid);
   reals.dummy_value = static_cast<double>(dummy);
   if (ints.element_code < 1 || ints.element_code > static_cast<int>(std::size(code_ranges))) {
     return grid_text_code_width_unknown;

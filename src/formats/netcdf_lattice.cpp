@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "formats/header_numbers.h"
 #include "formats/header_status.h"
 #include "grid/dummy.h"
 #include "grid/standard_header.h"
@@ -155,8 +156,7 @@ void take_range(const netcdf_variable& coordinate, bool edges, axis& a, grid_tex
   a.highest = std::max(range->values[0], range->values[1]);
   a.cell = (a.highest - a.lowest) / (edges ? a.count : a.count - 1.0);
   if (edges) {
-    a.lowest += a.cell / 2.0;
-    a.highest -= a.cell / 2.0;
+    edges_to_centres(a.cell, a.lowest, a.highest);
   }
   const double stray = std::max(std::abs(a.lowest - by_positions.lowest),
                                 std::abs(a.highest - by_positions.highest));

@@ -8,6 +8,7 @@
 
 #include "formats/catalogue.h"
 #include "formats/describe_grid.h"
+#include "formats/header_numbers.h"
 #include "formats/text_helpers.h"
 #include "grid/standard_header.h"
 #include "platform/binary_file.h"
@@ -172,10 +173,9 @@ bool is_gmt_in_full(const file_head& head, grid_description& grid) {
       !agrees(reals.y_max - reals.y_min, reals.y_cell, y_count)) {
     return false;
   }
-  reals.x_min += registration * reals.x_cell / 2.0;
-  reals.x_max -= registration * reals.x_cell / 2.0;
-  reals.y_min += registration * reals.y_cell / 2.0;
-  reals.y_max -= registration * reals.y_cell / 2.0;
+  if (registration == 1) {
+    edges_to_centres(reals);
+  }
   grid = found;
   return true;
 }

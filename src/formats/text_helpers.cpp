@@ -88,7 +88,7 @@ std::string FTRIM(std::string_view text) {
   if (first == std::string::npos) {
     return {};
   }
-  return blanked.substr(first, blanked.find_last_not_of(' ') - first + 1);
+  return std::string(platform::without_padding(std::string_view(blanked).substr(first)));
 }
 
 std::size_t FTAIL(std::string_view text) noexcept {

@@ -8,12 +8,14 @@
 
 #include "formats/catalogue.h"
 #include "formats/cell_decoding.h"
+#include "formats/header_text.h"
 #include "formats/line_source.h"
 #include "formats/number_stream.h"
 #include "formats/stored_lines.h"
 #include "formats/text_helpers.h"
 #include "grid/dummy.h"
 #include "platform/list_directed.h"
+#include "platform/padded_text.h"
 #include "platform/text_file.h"
 
 namespace velmorankite {
@@ -157,7 +159,7 @@ class GridTextCodes final : public LineSource {
   // A count of 1 is a blank: at the end of a line it goes with the blanks that do not count.
   std::size_t decode_repeats(std::string_view line, std::span<float> cells) {
     constexpr int no_repeats = 31;
-    line = line.substr(0, line.find_last_not_of(' ') + 1);
+    line = platform::without_padding(line);
     std::size_t filled = 0;
     for (std::size_t at = 0; at < line.size();) {
       std::size_t count = 1;
@@ -249,13 +251,8 @@ class ZmapFields final : public LineSource {
     if (first < 0 || first >= std::ssize(line_)) {
       return {};
     }
-    std::string_view text = std::string_view(line_).substr(static_cast<std::size_t>(first),
-                                                           static_cast<std::size_t>(ints.aux_2));
-    const std::size_t begin = text.find_first_not_of(' ');
-    if (begin == std::string_view::npos) {
-      return {};
-    }
-    return text.substr(begin, text.find_last_not_of(' ') - begin + 1);
+    return trimmed_text(std::string_view(line_).substr(static_cast<std::size_t>(first),
+                                                       static_cast<std::size_t>(ints.aux_2)));
   }
 
   platform::TextReader reader_;
