@@ -273,7 +273,7 @@ class SpectrumFilter {
 
 }  // namespace
 
-void fftrsp(bool Normalise, fft_size size, std::int32_t filter, filter_parameters& parameters,
+void fftrsp(bool Normalise, fft_size size, std::int32_t filter, const filter_parameters& parameters,
             std::span<float> array, PowerSpectrum& power) {
   power.clear();
   const response& chosen = response_of(traits_of(filter).response);
@@ -285,9 +285,6 @@ void fftrsp(bool Normalise, fft_size size, std::int32_t filter, filter_parameter
   if (chosen.balanced) {
     array[0] = static_cast<float>(-sum.re);
     array[1] = static_cast<float>(-sum.im);
-  }
-  if (chosen.afterwards != nullptr) {
-    chosen.afterwards(parameters);
   }
 }
 

@@ -24,13 +24,13 @@ struct fft_size {
 //               from there on, ky likewise: with array rows that run from the north, u grows to
 //               the east and v to the north.
 //   filter      index of the response; an index without one leaves the elements as they are.
-//   parameters  of the response. The second cross derivative leaves its direction along Y.
+//   parameters  of the response.
 //   array       2 x fftnx x fftny words, in and out. Responses are worked out in double precision
 //               and the product is rounded to single.
 //   power       out, cleared first: the powers of the elements nearer than 0.5 to zero frequency.
 // The responses of the field components also set the first element to the negative sum of all
 // elements: the mean of a component is not in the total field.
-void fftrsp(bool Normalise, fft_size size, std::int32_t filter, filter_parameters& parameters,
+void fftrsp(bool Normalise, fft_size size, std::int32_t filter, const filter_parameters& parameters,
             std::span<float> array, PowerSpectrum& power);
 
 }  // namespace velmorankite

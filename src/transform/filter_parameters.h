@@ -13,8 +13,8 @@ inline constexpr double DegToRad = 0.017453292519943295;  // bits 0x3F91DF46A252
 inline constexpr std::int32_t integer_parameters = 3;  // elements of IntPar that are used
 inline constexpr std::int32_t real_parameters = 8;     // elements of RealPar that are used
 
-// What the responses and the designers of operators read. It belongs to one run; the roads change
-// fields of it between two responses. Angles are in degrees where nothing else is said.
+// What the responses and the designers of operators read. A stage that needs other values takes a
+// copy of its own. Angles are in degrees where nothing else is said.
 struct filter_parameters {
   std::int32_t FilterNo = 0;   // index by which responses and designers are chosen
   std::int32_t HalfWidth = 0;  // of the convolution operator, which has 2 HalfWidth - 1 points

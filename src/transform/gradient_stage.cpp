@@ -55,14 +55,14 @@ constexpr pass_list passes[] = {
 };
 
 // The mean of the real parts over the valid cells of the input, summed in single precision.
-float mean_of_valid(const fft_run& run, const RowFile& input) {
-  const auto columns = static_cast<std::size_t>(run.geometry.columns);
+float mean_of_valid(const fft_stage& stage, const RowFile& input) {
+  const auto columns = static_cast<std::size_t>(stage.geometry.columns);
   std::vector<float> cells(columns);
   float sum = 0.0F;
   std::int64_t count = 0;
-  for (std::int32_t row = run.geometry.rows; row >= 1; --row) {
+  for (std::int32_t row = stage.geometry.rows; row >= 1; --row) {
     input.read(row, cells);
-    const float* const words = run.array.data() + run.geometry.grid_row(row);
+    const float* const words = stage.array.data() + stage.geometry.grid_row(row);
     for (std::size_t i = 0; i < columns; ++i) {
       if (is_valid(cells[i])) {
         sum += words[2 * i];
@@ -73,31 +73,18 @@ float mean_of_valid(const fft_run& run, const RowFile& input) {
   return count > 0 ? sum / static_cast<float>(count) : 0.0F;
 }
 
-void subtract_from_window(const fft_run& run, float mean) {
-  for (std::int32_t row = 1; row <= run.geometry.nyp; ++row) {
-    float* const words = run.array.data() + run.geometry.padded_row(row);
-    for (std::size_t i = 0; i < static_cast<std::size_t>(run.geometry.nxp); ++i) {
+void subtract_from_window(const fft_stage& stage, float mean) {
+  for (std::int32_t row = 1; row <= stage.geometry.nyp; ++row) {
+    float* const words = stage.array.data() + stage.geometry.padded_row(row);
+    for (std::size_t i = 0; i < static_cast<std::size_t>(stage.geometry.nxp); ++i) {
       words[2 * i] -= mean;
     }
   }
 }
 
-// Restores fields that a preparation borrows.
-class BorrowedParameters {
- public:
-  explicit BorrowedParameters(filter_parameters& parameters)
-      : parameters_(parameters), before_(parameters) {}
-  ~BorrowedParameters() { parameters_ = before_; }
-  BorrowedParameters(const BorrowedParameters&) = delete;
-  BorrowedParameters& operator=(const BorrowedParameters&) = delete;
-
- private:
-  filter_parameters& parameters_;
-  filter_parameters before_;
-};
-
-void apply(const fft_run& run, bool normalise, std::int32_t filter) {
-  fftrsp(normalise, run.geometry.size(), filter, run.parameters, run.array, run.power);
+void apply(const fft_stage& stage, const filter_parameters& parameters, bool normalise,
+           std::int32_t filter) {
+  fftrsp(normalise, stage.geometry.size(), filter, parameters, stage.array, stage.power);
 }
 
 }  // namespace
@@ -125,10 +112,10 @@ gradient_passes gradient_passes_of(const filter_parameters& p) {
   return gradient_passes::none;
 }
 
-gradient_work_grids make_work_grids(const fft_run& run) {
+gradient_work_grids make_work_grids(const fft_stage& stage) {
   gradient_work_grids work;
-  const fft_geometry& g = run.geometry;
-  const Lattice lattice = around(run.lattice, g.pad, g.pad, g.nxp, g.nyp);
+  const fft_geometry& g = stage.geometry;
+  const Lattice lattice = around(stage.lattice, g.pad, g.pad, g.nxp, g.nyp);
   for (RowFile& grid : work.grids) {
     grid = {platform::BinaryFile::anonymous(), {sense_bottom_up, lattice.x_count, lattice.y_count}};
     OUTPUT_GEOSOFT_HEADER(grid.file(), float_grid_header(lattice));
@@ -136,54 +123,50 @@ gradient_work_grids make_work_grids(const fft_run& run) {
   return work;
 }
 
-platform::BinaryFile prepare_gradient_spectrum(const fft_run& run) {
-  filter_parameters& p = run.parameters;
-  const BorrowedParameters restored(p);
+platform::BinaryFile prepare_gradient_spectrum(const fft_stage& stage, filter_parameters p) {
   if (p.FilterNo == filter_vertical_integral && p.Opt2 == 1) {
-    apply(run, false, filter_vertical_integral);
+    apply(stage, p, false, filter_vertical_integral);
   } else if (p.FilterNo == filter_vrmi && p.Par3 > 0.0F) {
     // With several layers the thickness is in cells already.
     const double cell = p.Opt3 != 0 ? 1.0 : p.CellX;
     p.Par2 = static_cast<float>(static_cast<double>(p.Par3) / cell);
     p.Par1 = 0.0F;
-    apply(run, false, filter_magnetic_layer);
+    apply(stage, p, false, filter_magnetic_layer);
   } else {
     return {};
   }
   platform::BinaryFile spectrum = platform::BinaryFile::anonymous();
-  save_fft_grid(spectrum, run.lattice, run.geometry, run.array);
+  save_fft_grid(spectrum, stage.lattice, stage.geometry, stage.array);
   return spectrum;
 }
 
-void FFTGRAD3(const fft_run& run, float HiCut, const RowFile& input,
+void FFTGRAD3(const fft_stage& stage, filter_parameters p, const RowFile& input,
               const platform::BinaryFile& spectrum, gradient_work_grids& work) {
-  const gradient_passes wanted = gradient_passes_of(run.parameters);
+  const gradient_passes wanted = gradient_passes_of(p);
   if (wanted == gradient_passes::none) return;
   const pass_list& list = passes[static_cast<std::size_t>(wanted) - 1];
   for (std::size_t n = 0; n < list.size(); ++n) {
     const gradient_pass& pass = list[n];
-    run.parameters.HiCut = HiCut;
-    if (pass.set != nullptr) pass.set(run.parameters);
-    if (n > 0) read_fft_grid(spectrum, run.array);
-    apply(run, true, pass.filter);
-    transform_array(run.array, run.geometry, -1);
+    if (pass.set != nullptr) pass.set(p);
+    if (n > 0) read_fft_grid(spectrum, stage.array);
+    apply(stage, p, true, pass.filter);
+    transform_array(stage.array, stage.geometry, -1);
     if (pass.removes_mean) {
-      subtract_from_window(run, mean_of_valid(run, input));
+      subtract_from_window(stage, mean_of_valid(stage, input));
     }
     if (pass.kept) {
-      write_window(run.array, run.geometry, work.grids[n]);
+      write_window(stage.array, stage.geometry, work.grids[n]);
     }
   }
 }
 
-void integrate_padded_grid(const fft_run& run, float LoCut, RowFile& padded) {
-  transform_padded(padded, run.geometry, 0.0F, run.array);
-  run.parameters.HiCut = 0.0F;
-  run.parameters.LoCut = LoCut;
-  run.parameters.Par1 = 1.0F;
-  apply(run, true, filter_vertical_integral);
-  transform_array(run.array, run.geometry, -1);
-  write_window(run.array, run.geometry, padded);
+void integrate_padded_grid(const fft_stage& stage, filter_parameters p, RowFile& padded) {
+  transform_padded(padded, stage.geometry, 0.0F, stage.array);
+  p.HiCut = 0.0F;
+  p.Par1 = 1.0F;
+  apply(stage, p, true, filter_vertical_integral);
+  transform_array(stage.array, stage.geometry, -1);
+  write_window(stage.array, stage.geometry, padded);
 }
 
 }  // namespace velmorankite

@@ -14,13 +14,12 @@
 
 namespace velmorankite {
 
-// The parts of a run on the FFT road that its stages work on. The array belongs to the run.
-struct fft_run {
+// The array of a run on the FFT road, as its stages work on it.
+struct fft_stage {
   Lattice lattice;  // of the input grid
   fft_geometry geometry;
   std::span<float> array;
-  filter_parameters& parameters;
-  PowerSpectrum& power;  // of the last response
+  PowerSpectrum& power;  // out: of the last response
 };
 
 // Which three grids a filter needs: of derivatives along X, Y and down, or of the field's
@@ -43,29 +42,29 @@ struct gradient_work_grids {
 };
 
 // Makes the three empty work grids of a run. Throws IoError.
-[[nodiscard]] gradient_work_grids make_work_grids(const fft_run& run);
+[[nodiscard]] gradient_work_grids make_work_grids(const fft_stage& stage);
 
 // Two filters take their derivatives or components of a spectrum that is transformed first: the
 // total gradient of the vertical integral of the integrated one, VRMI with a thickness that of a
 // layer. Transforms the array and gives the file that later passes read, in the layout of a saved
 // FFT grid; a closed file for the other filters, whose passes read the saved spectrum itself.
 // Throws IoError.
-[[nodiscard]] platform::BinaryFile prepare_gradient_spectrum(const fft_run& run);
+[[nodiscard]] platform::BinaryFile prepare_gradient_spectrum(const fft_stage& stage,
+                                                             filter_parameters parameters);
 
 // Makes the three grids: for each pass the response on the spectrum, the inverse transform, the
 // mean over the valid cells of the input taken off where the passes ask for it, and the real parts
 // written to the work grid.
-//   HiCut      of every pass.
+//   parameters of the filter; HiCut acts in every pass.
 //   input      the input grid, for its valid cells.
 //   spectrum   file that the second and third pass read; the first takes the array as it is.
-//   run        the array holds the third grid at the end, the parameter set what the passes left
-//              in it; FilterNo stays.
+//   stage      the array holds the third grid at the end.
 // Throws IoError.
-void FFTGRAD3(const fft_run& run, float HiCut, const RowFile& input,
+void FFTGRAD3(const fft_stage& stage, filter_parameters parameters, const RowFile& input,
               const platform::BinaryFile& spectrum, gradient_work_grids& work);
 
-// Replaces the rows of the padded grid by their vertical integral of order 1, with LoCut from the
-// call: the last stage of the total gradient where it is asked for. Throws IoError.
-void integrate_padded_grid(const fft_run& run, float LoCut, RowFile& padded);
+// Replaces the rows of the padded grid by their vertical integral of order 1, cut at LoCut alone:
+// the last stage of the total gradient where it is asked for. Throws IoError.
+void integrate_padded_grid(const fft_stage& stage, filter_parameters parameters, RowFile& padded);
 
 }  // namespace velmorankite

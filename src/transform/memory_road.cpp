@@ -86,18 +86,17 @@ padded_row_source single_response(memory_run& run) {
 
 // A filter of three grids: the map of them is written over the padded grid.
 padded_row_source gradient_map(memory_run& run) {
-  const fft_run stage{lattice_of(run.input.grid), run.geometry, run.array.span(), run.parameters,
-                      run.power};
-  platform::BinaryFile spectrum = prepare_gradient_spectrum(stage);
+  const fft_stage stage{lattice_of(run.input.grid), run.geometry, run.array.span(), run.power};
+  platform::BinaryFile spectrum = prepare_gradient_spectrum(stage, run.parameters);
   if (!spectrum.is_open()) {
     spectrum = platform::BinaryFile(run.spectrum, platform::open_mode::read);
   }
   run.work.emplace(make_work_grids(stage));
-  FFTGRAD3(stage, run.request.hi_cut, run.input_rows, spectrum, *run.work);
+  FFTGRAD3(stage, run.parameters, run.input_rows, spectrum, *run.work);
   write_derived_map(derived_map_of(run.parameters), *run.work, run.array.span(), run.geometry,
                     run.padded);
   if (run.request.filter == filter_total_gradient && run.parameters.Opt2 == 1) {
-    integrate_padded_grid(stage, run.request.lo_cut, run.padded);
+    integrate_padded_grid(stage, run.parameters, run.padded);
   }
   return [&run](std::int32_t row, std::span<float> cells) { run.padded.read(row, cells); };
 }

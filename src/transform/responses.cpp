@@ -56,11 +56,6 @@ class RespDerivZOfIntegZ {
   RespIntegZ integral_;
 };
 
-void turn_to_y(filter_parameters& parameters) {
-  parameters.DirSin = 0.0;
-  parameters.DirCos = 1.0;
-}
-
 constexpr auto real = response_kind::real;
 constexpr auto complex = response_kind::complex;
 constexpr auto even = response_symmetry::axes;
@@ -87,7 +82,7 @@ constexpr response responses[] = {
     {complex, uneven, plain, false, nullptr, complex_row<RespPseudoGrav>},
     {complex, uneven, plain, false, nullptr, complex_row<RespDerivH>},
     {complex, uneven, plain, false, nullptr, complex_row<RespDerivHOf<RespDerivZ>>},
-    {complex, uneven, plain, false, nullptr, complex_row<RespDerivXY>, turn_to_y},
+    {complex, uneven, plain, false, nullptr, complex_row<RespDerivXY>},
     {complex, uneven, plain, false, nullptr, complex_row<RespDerivHOf<RespIntegZ>>},
     {real, even, plain, false, real_row<RespDerivZOfIntegZ>},
     {complex, uneven, plain, false, nullptr, complex_row<RespPhaseFlip>},

@@ -34,8 +34,6 @@ struct response {
                    std::span<double> out) = nullptr;
   void (*complex_row)(const filter_parameters&, std::span<const double> u, double v,
                       std::span<complex_response> out) = nullptr;
-  // What the response leaves in the parameter set, if anything.
-  void (*afterwards)(filter_parameters&) = nullptr;
 };
 
 [[nodiscard]] const response& response_of(response_id id) noexcept;

@@ -80,8 +80,8 @@ TEST(GradientStage, mean_is_taken_over_the_valid_cells) {
                       {1, lattice.x_count, lattice.y_count});
   platform::BinaryFile spectrum = platform::BinaryFile::anonymous();
   spectrum.write_values(513, std::span<const float>(run.array()));
-  gradient_work_grids work = make_work_grids(run.run());
-  FFTGRAD3(run.run(), 0.0F, input, spectrum, work);
+  gradient_work_grids work = make_work_grids(run.stage());
+  FFTGRAD3(run.stage(), run.parameters(), input, spectrum, work);
   std::vector<float> kept(static_cast<std::size_t>(run.geometry().nxp));
   double sum = 0.0;
   for (std::int32_t row = 1; row <= lattice.y_count; ++row) {
@@ -123,8 +123,8 @@ TEST(GradientStage, components_of_a_field_lose_their_means) {
                         {1, lattice.x_count, lattice.y_count});
     platform::BinaryFile spectrum = platform::BinaryFile::anonymous();
     spectrum.write_values(513, std::span<const float>(run.array()));
-    gradient_work_grids work = make_work_grids(run.run());
-    FFTGRAD3(run.run(), 0.0F, input, spectrum, work);
+    gradient_work_grids work = make_work_grids(run.stage());
+    FFTGRAD3(run.stage(), run.parameters(), input, spectrum, work);
     const std::vector<float> third = run.window();
     for (std::size_t n = 0; n < 3; ++n) {
       double sum = 0.0;
@@ -149,8 +149,7 @@ TEST(GradientStage, rows_of_a_map_are_integrated_in_place) {
   const std::vector<float> expected = run.filtered(111, {1.0F});
   run.parameters().Par1 = 7.0F;
   run.parameters().HiCut = 0.5F;
-  run.parameters().LoCut = 0.5F;
-  integrate_padded_grid(run.run(), 0.0F, run.padded());
+  integrate_padded_grid(run.stage(), run.parameters(), run.padded());
   run.padded().close();
   EXPECT_EQ(testing::first_difference(expected, testing::read_grid(run.folder() / "padded.grd")),
             "");

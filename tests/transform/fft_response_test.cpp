@@ -151,15 +151,6 @@ TEST(FftResponse, field_components_balance_the_first_element) {
   }
 }
 
-TEST(FftResponse, second_cross_derivative_leaves_the_direction_along_y) {
-  filter_parameters p = parameters_of(208);
-  std::vector<float> array(std::size_t{2} * nx * ny);
-  PowerSpectrum power;
-  fftrsp(true, {nx, ny}, 208, p, array, power);
-  EXPECT_EQ(p.DirSin, 0.0);
-  EXPECT_EQ(p.DirCos, 1.0);
-}
-
 TEST(FftResponse, smallest_arrays_work) {
   for (const auto& [columns, rows] : {std::pair{1, 1}, {2, 1}, {1, 2}, {2, 2}, {4, 2}}) {
     std::vector<float> array(static_cast<std::size_t>(2 * columns * rows), 1.0F);

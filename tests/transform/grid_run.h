@@ -82,7 +82,7 @@ class GridRun {
             geometry_.rows};
   }
 
-  fft_run run() { return {grid_lattice(), geometry_, array_, parameters_, power_}; }
+  fft_stage stage() { return {grid_lattice(), geometry_, array_, power_}; }
 
   // Compares cells with a field away from the edges; `tolerance` is a share of its largest value.
   void expect_field(const std::vector<float>& cells, const field& value, double tolerance,

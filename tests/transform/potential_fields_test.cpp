@@ -135,16 +135,16 @@ components components_of(GridRun& run, std::int32_t filter,
   run.load(filter, reals, integers);
   run.forward();
   save_fft_grid(run.folder() / "s.grd", run.grid_lattice(), run.geometry(), run.array());
-  const platform::BinaryFile prepared = prepare_gradient_spectrum(run.run());
+  const platform::BinaryFile prepared = prepare_gradient_spectrum(run.stage(), run.parameters());
   const platform::BinaryFile saved(run.folder() / "s.grd", platform::open_mode::read);
-  gradient_work_grids work = make_work_grids(run.run());
+  gradient_work_grids work = make_work_grids(run.stage());
   // The grid inside the pad, all of it valid.
   const Lattice lattice = run.grid_lattice();
   testing::write_grid(run.folder() / "in.grd", lattice,
                       [](std::int32_t, std::int32_t) { return 1.0F; });
   const RowFile input({run.folder() / "in.grd", platform::open_mode::read},
                       {1, lattice.x_count, lattice.y_count});
-  FFTGRAD3(run.run(), run.high_cut, input, prepared.is_open() ? prepared : saved, work);
+  FFTGRAD3(run.stage(), run.parameters(), input, prepared.is_open() ? prepared : saved, work);
   components result;
   result.z = run.window();
   write_derived_map(derived_map_of(run.parameters()), work, run.array(), run.geometry(),
@@ -253,7 +253,7 @@ TEST(GradientSpectrum, a_layer_is_taken_from_the_spectrum_ahead_of_its_component
     run.load(212, {25.0F, 60.0F, 6.0F}, {0, 0, layers});
     run.forward();
     const std::vector<float> whole = run.array();
-    const platform::BinaryFile layer = prepare_gradient_spectrum(run.run());
+    const platform::BinaryFile layer = prepare_gradient_spectrum(run.stage(), run.parameters());
     ASSERT_TRUE(layer.is_open());
     EXPECT_EQ(run.parameters().Par1, 25.0F);
     EXPECT_EQ(run.parameters().Par2, 60.0F);
