@@ -6,8 +6,8 @@
 
 #include "condition/multi_level_fill.h"
 #include "condition/placed_grid.h"
-#include "condition/replaced_cells.h"
 #include "formats/describe_grid.h"
+#include "grid/replaced_cells.h"
 #include "platform/binary_file.h"
 #include "platform/io_error.h"
 #include "platform/keep_apart.h"

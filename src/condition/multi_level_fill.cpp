@@ -7,9 +7,9 @@
 #include <vector>
 
 #include "condition/fill_pyramid.h"
-#include "condition/replaced_cells.h"
 #include "grid/dummy.h"
 #include "grid/grid_rows.h"
+#include "grid/replaced_cells.h"
 #include "platform/large_array.h"
 #include "platform/padded_text.h"
 #include "platform/scratch_file.h"

@@ -13,18 +13,16 @@
 #include "grid/grid_rows.h"
 #include "grid/standard_header.h"
 #include "platform/io_error.h"
-#include "platform/keep_apart.h"
 #include "platform/large_array.h"
 #include "platform/padded_text.h"
 #include "platform/scratch_file.h"
+#include "utilities/plain_grid.h"
 
 namespace velmorankite {
 namespace {
 
 using platform::expect;
 
-constexpr std::string_view default_target = "outfile.grd";
-constexpr std::size_t shortest_target = 2;  // characters
 constexpr std::int64_t block_bytes = std::int64_t{1} << 20;
 
 bool holds_floats(const grid_ints& ints) noexcept {
@@ -136,13 +134,7 @@ Status GEOCLONE(std::string_view source_path, std::string_view target_path, std:
   const platform::BinaryFile source(platform::without_padding(source_path),
                                     platform::open_mode::read);
   check_source(source, grid, mode);
-  std::string_view target = platform::without_padding(target_path);
-  if (target.size() < shortest_target) {
-    target = default_target;
-  }
-  platform::keep_apart({{source.path(), "the grid that is cloned"}}, {{target, "the clone"}});
-
-  platform::StagedFile staged(target);
+  platform::StagedFile staged(result_path(source.path(), target_path));
   OUTPUT_GEOSOFT_HEADER(staged.file(), header_of(grid));
   const std::int64_t row_bytes = bytes_of_cell(grid.ints) * grid.ints.x_count;
   clone_cells(source, staged.file(), grid.ints, mode,

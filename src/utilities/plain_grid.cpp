@@ -43,7 +43,7 @@ Status read_plain_header(const platform::BinaryFile& file, standard_header& head
 
 std::filesystem::path result_path(const std::filesystem::path& input,
                                   std::string_view output_path) {
-  std::string_view output = platform::without_padding(output_path);
+  std::string_view output = platform::without_tail(output_path);
   if (output.size() < shortest_output) {
     output = default_output;
   }

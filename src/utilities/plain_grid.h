@@ -21,8 +21,8 @@ inline constexpr Status plain_sense_unknown{-3};  // neither 1 nor -2
 // hold all its cells, or if a row of cells or of a turned grid is 2 GiB or longer.
 Status read_plain_header(const platform::BinaryFile& file, standard_header& header);
 
-// The path of a result: without trailing blanks, "outfile.grd" if fewer than 2 characters are
-// left. Throws IoError if it leads to the place of the input.
+// The path of a result: without blanks and NULs at its end, "outfile.grd" if fewer than 2
+// characters are left. Throws IoError if it leads to the place of the input.
 [[nodiscard]] std::filesystem::path result_path(const std::filesystem::path& input,
                                                 std::string_view output_path);
 

@@ -9,16 +9,12 @@
 
 #include "grid/dummy.h"
 #include "grid/grid_rows.h"
-#include "platform/keep_apart.h"
 #include "platform/large_array.h"
-#include "platform/padded_text.h"
 #include "platform/scratch_file.h"
+#include "utilities/plain_grid.h"
 
 namespace velmorankite {
 namespace {
-
-constexpr std::string_view default_result = "outfile.grd";
-constexpr std::size_t shortest_result = 2;  // characters
 
 // Columns or rows of the output from 0, the last not among them; or of the source from 1, the last
 // among them.
@@ -190,11 +186,6 @@ class PieceFiller {
 
 }  // namespace
 
-std::string_view result_name(std::string_view name) noexcept {
-  const std::string_view trimmed = platform::without_tail(name);
-  return trimmed.size() < shortest_result ? default_result : trimmed;
-}
-
 bool is_sound_result(const standard_header& header) noexcept {
   return header.elements_per_row >= 1 && header.elements_per_row <= longest_row &&
          header.row_count >= 1 && std::isfinite(header.x_origin) &&
@@ -206,10 +197,7 @@ bool is_sound_result(const standard_header& header) noexcept {
 void resample(const source_grid& source, const resampling& work, std::string_view output,
               const piece_limits& limits) {
   const standard_header& header = work.header;
-  const std::filesystem::path target(result_name(output));
-  platform::keep_apart({{source.file.path(), "the grid that is resampled"}},
-                       {{target, "the output grid"}});
-  platform::StagedFile staged(target);
+  platform::StagedFile staged(result_path(source.file.path(), output));
   OUTPUT_GEOSOFT_HEADER(staged.file(), header);
 
   const std::int64_t most = std::max<std::int64_t>(1, limits.held_cells / header.elements_per_row);

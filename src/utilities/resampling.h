@@ -41,10 +41,6 @@ struct piece_limits {
   std::int64_t held_cells = std::int64_t{1} << 24;  // of the output, ahead of their being written
 };
 
-// The name under which a result appears: without its trailing blanks, "outfile.grd" for one with
-// fewer than 2 characters.
-[[nodiscard]] std::string_view result_name(std::string_view name) noexcept;
-
 // Whether a grid can be written as its header says: counts, row length, origin, cell sizes.
 [[nodiscard]] bool is_sound_result(const standard_header& header) noexcept;
 

@@ -8,10 +8,10 @@
 
 #include "grid/cell_position.h"
 #include "grid/dummy.h"
+#include "grid/replaced_cells.h"
 #include "grid/standard_header.h"
 #include "platform/large_array.h"
 #include "platform/padded_text.h"
-#include "platform/scratch_file.h"
 #include "utilities/plain_grid.h"
 
 namespace velmorankite {
@@ -56,10 +56,12 @@ Status GEOVALID(std::string_view path) {
   header.storage_sense = sense_bottom_up;
   header.stat_median = dummy;
   header.stat_mean = dummy;
-  platform::StagedFile staged(grid.path());
-  OUTPUT_GEOSOFT_HEADER(staged.file(), header);
-  write_reversed(grid, header, staged.file());
-  staged.commit();
+  ReplacedCells replaced(
+      grid, standard_header_bytes,
+      std::int64_t{header.elements_per_row} * header.element_size * header.row_count);
+  OUTPUT_GEOSOFT_HEADER(replaced.file(), header);
+  write_reversed(grid, header, replaced.file());
+  replaced.commit();
   return success;
 }
 

@@ -9,8 +9,9 @@ namespace velmorankite {
 
 // Rewrites a standard grid that is stored from the highest row down (sense -2) from the lowest row
 // up (sense 1). The lattice and the cells stay, the median and the mean become unknown. A grid of
-// sense 1 is left alone to the byte. The new file is made beside the old one and takes its place
-// when it is complete; where the path is a link, the place of the file that it leads to.
+// sense 1 is left alone to the byte. The new file is made beside the old one and takes its place,
+// with its permissions, when it is complete; where the path is a link, the place of the file that
+// it leads to.
 //   path  standard grid that is not compressed; trailing blanks are dropped.
 // Status: success, header_unsound, plain_cells_unknown, plain_sense_unknown (plain_grid.h). Throws
 // IoError if the file cannot be read, does not hold all its cells or cannot be replaced. The grid

@@ -161,9 +161,16 @@ TEST_F(WholeGrids, grids_of_many_blocks_are_moved_whole) {
 
 TEST_F(WholeGrids, a_grid_from_the_top_is_rewritten_from_the_bottom_once) {
   store<std::int16_t>(2, {1, 2, 3, 4, 5, 6}, -2, kind_signed);
+  BinaryFile(from, open_mode::read_write).write_value<char>(525, '+');  // behind the cells
+  constexpr auto owner_only =
+      std::filesystem::perms::owner_read | std::filesystem::perms::owner_write;
+  std::filesystem::permissions(from, owner_only);
   std::filesystem::create_symlink(from, folder / "link.grd");
   ASSERT_EQ(GEOVALID((folder / "link.grd").string() + "  "), success);
   EXPECT_TRUE(std::filesystem::is_symlink(folder / "link.grd"));
+  EXPECT_EQ(std::filesystem::status(from).permissions(), owner_only);
+  EXPECT_EQ(read_file(from).substr(524), "+");
+  std::filesystem::resize_file(from, 524);
   EXPECT_EQ(stored<std::int16_t>(from), (std::vector<std::int16_t>{5, 6, 3, 4, 1, 2}));
   header.storage_sense = 1;
   header.stat_median = header.stat_mean = dummy;

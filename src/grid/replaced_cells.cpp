@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "condition/replaced_cells.h"
+#include "grid/replaced_cells.h"
 
 #include <algorithm>
 #include <system_error>
@@ -15,17 +15,22 @@ std::filesystem::perms permissions_of(const std::filesystem::path& path) {
 
 }  // namespace
 
-ReplacedCells::ReplacedCells(const RowFile& grid)
-    : grid_(grid), permissions_(permissions_of(grid.file().path())), output_(grid.file().path()) {
-  copy_bytes(1, grid.layout().header_bytes + 1);
+ReplacedCells::ReplacedCells(const platform::BinaryFile& grid, std::int64_t header_bytes,
+                             std::int64_t cell_bytes)
+    : grid_(grid),
+      cells_end_(header_bytes + cell_bytes),
+      permissions_(permissions_of(grid.path())),
+      output_(grid.path()) {
+  copy_bytes(1, header_bytes + 1);
 }
 
+ReplacedCells::ReplacedCells(const RowFile& grid)
+    : ReplacedCells(grid.file(), grid.layout().header_bytes,
+                    std::int64_t{grid.layout().x_count} * static_cast<std::int64_t>(sizeof(float)) *
+                        grid.layout().y_count) {}
+
 void ReplacedCells::commit() {
-  const RowLayout& layout = grid_.layout();
-  const std::int64_t cells_end =
-      layout.header_bytes +
-      std::int64_t{layout.x_count} * static_cast<std::int64_t>(sizeof(float)) * layout.y_count;
-  copy_bytes(cells_end + 1, grid_.file().size() + 1);
+  copy_bytes(cells_end_ + 1, grid_.size() + 1);
   output_.commit();
   std::error_code ignored;
   std::filesystem::permissions(output_.target(), permissions_, ignored);
@@ -36,7 +41,7 @@ void ReplacedCells::copy_bytes(std::int64_t position, std::int64_t end) {
   std::vector<std::byte> block;
   for (; position < end; position += block_bytes) {
     block.resize(static_cast<std::size_t>(std::min(block_bytes, end - position)));
-    grid_.file().read(position, block);
+    grid_.read(position, block);
     output_.file().write(position, block);
   }
 }

@@ -13,10 +13,13 @@ namespace velmorankite {
 // it was.
 class ReplacedCells {
  public:
-  // Takes over what stands ahead of the cells. The grid must outlive this. Throws IoError.
+  // Takes over what stands ahead of the cells, which are so many bytes behind so many of a header.
+  // The grid must outlive this. Throws IoError.
+  ReplacedCells(const platform::BinaryFile& grid, std::int64_t header_bytes,
+                std::int64_t cell_bytes);
   explicit ReplacedCells(const RowFile& grid);
 
-  // Where the new cells go, as the layout of the grid says.
+  // The new state: where the new cells go, and a header that changes.
   [[nodiscard]] platform::BinaryFile& file() noexcept { return output_.file(); }
 
   // Takes over what stands behind the cells and puts the new state in the grid's place, with its
@@ -26,7 +29,8 @@ class ReplacedCells {
  private:
   void copy_bytes(std::int64_t position, std::int64_t end);
 
-  const RowFile& grid_;
+  const platform::BinaryFile& grid_;
+  std::int64_t cells_end_;
   std::filesystem::perms permissions_;
   platform::StagedFile output_;
 };
