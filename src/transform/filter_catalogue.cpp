@@ -8,6 +8,8 @@
 #include "transform/filter_index.h"
 #include "transform/filter_steps.h"
 #include "transform/filter_traits.h"
+#include "transform/products.h"
+#include "transform/run_names.h"
 
 namespace velmorankite {
 namespace {
@@ -74,6 +76,44 @@ constexpr filter_step vrmi[] = {
     real("Layer thickness: ", &P::Par3), choice("Multilayer: Yes", "Multilayer: No", &P::Opt3),
     to_cells(&P::Par3, &P::Opt3),        call(log_variable_vrmi)};
 
+// Uses of the filters.
+bool always(const P&) {
+  return true;
+}
+bool second_option(const P& p) {
+  return p.Opt2 == 1;
+}
+bool third_option(const P& p) {
+  return p.Opt3 == 1;
+}
+bool varies_or_layers(const P& p) {
+  return p.Opt3 != 0 || p.Par6 > 0.0F;
+}
+
+constexpr product nothing{};
+constexpr product filled{make_filled_grid, need::input};
+constexpr product convolved{make_convolved_grid, need::padded_grid};
+constexpr product filtered{make_filtered_grid, need::spectrum};
+constexpr product mapped{make_gradient_map, need::spectrum_and_padded_grid};
+constexpr product components{make_field_components, need::spectrum_and_padded_grid};
+
+constexpr filter_use response_uses[] = {{always, {}, convolved, filtered, nothing}};
+constexpr filter_use gradient_uses[] = {{always, {}, convolved, mapped, nothing}};
+constexpr filter_use integral_uses[] = {{second_option, {}, convolved, mapped, nothing},
+                                        {always, {}, convolved, filtered, nothing}};
+constexpr filter_use fill_uses[] = {{always, {}, filled, filled, filled}};
+constexpr filter_use euler_uses[] = {{always, "Euler deconvolution", {}, {}, {}}};
+constexpr filter_use slope_uses[] = {{always, "the log spectral slope", {}, {}, {}}};
+constexpr filter_use multilayer_uses[] = {{always, "the multilayer continuation", {}, {}, {}}};
+constexpr filter_use ensemble_uses[] = {{always, "the derivative ensemble", {}, {}, {}}};
+constexpr filter_use pole_uses[] = {
+    {third_option, "a direction that varies over the grid", {}, {}, {}},
+    {always, {}, convolved, filtered, nothing}};
+constexpr std::string_view vrmi_missing = "VRMI by layers, by panels or by convolution";
+constexpr filter_use vrmi_uses[] = {
+    {varies_or_layers, vrmi_missing, {}, {}, {}},
+    {always, vrmi_missing, nothing, components, nothing, component_names}};
+
 using R = response_id;
 using D = operator_design;
 constexpr std::nullopt_t kept = std::nullopt;
@@ -84,84 +124,94 @@ constexpr std::uint8_t by_fft = road_memory | road_disk;
 
 // index, response on the FFT roads, designer of a symmetric operator and the response it samples,
 // asymmetric operator, use of the gradient, roads; title, short name, directions, what is loaded
-// and logged.
+// and logged, what is made.
 // clang-format off
 constexpr catalogue_row catalogue[] = {
     {{100, R::smooth, D::window, R::none, false, G::none, all_roads},
-     "Smoothing filter", "Smoothing", S::none, smoothing},
+     "Smoothing filter", "Smoothing", S::none, smoothing, response_uses},
     {{101, R::continuation, D::sampled, R::continuation, true, G::none, all_roads},
-     "Continuation: ", "Continuation", S::none, continuation},
+     "Continuation: ", "Continuation", S::none, continuation, response_uses},
     {{102, R::vertical_derivative, D::sampled, R::vertical_derivative, false, G::none, all_roads},
-     "Vert gradient: ", "VG", S::none, vertical_gradient},
+     "Vert gradient: ", "VG", S::none, vertical_gradient, response_uses},
     {{103, R::magnetic_layer, D::sampled, R::magnetic_layer, false, G::none, all_roads},
-     "Magnetic layer extraction: ", "MLE", S::none, layer},
+     "Magnetic layer extraction: ", "MLE", S::none, layer, response_uses},
     {{104, R::gravity_layer, D::sampled, R::gravity_layer, false, G::none, all_roads},
-     "Gravity layer extraction: ", "GLE", S::none, layer},
+     "Gravity layer extraction: ", "GLE", S::none, layer, response_uses},
     {{105, R::reste, D::sampled, R::reste, false, G::none, all_roads},
-     "Reste Residual: ", "Reste", S::none, reste},
+     "Reste Residual: ", "Reste", S::none, reste, response_uses},
     {{106, R::vertical_derivative, D::sampled, R::vertical_derivative, false, G::whole_length,
       all_roads},
-     "Total gradient: ", "AS", S::none, total_gradient},
+     "Total gradient: ", "AS", S::none, total_gradient, gradient_uses},
     {{107, R::none, D::sampled, R::vertical_derivative, false, G::none, all_roads},
-     "Euler decon: ", "ED", S::none, euler},
+     "Euler decon: ", "ED", S::none, euler, euler_uses},
     {{108, R::none, D::none, R::none, false, G::none, all_roads},
-     "Log spectral slope: ", "LogSpectralSlope", S::none, spectral_slope},
+     "Log spectral slope: ", "LogSpectralSlope", S::none, spectral_slope, slope_uses},
     {{109, R::none, D::sampled, R::vertical_derivative, false, G::angle, all_roads},
-     {}, kept, S::field_if_components, angle_map},
+     {}, kept, S::field_if_components, angle_map, gradient_uses},
     {{110, R::none, D::sampled, R::none, false, G::horizontal_length, all_roads},
-     "Magnitude of horizontal gradient: ", "Magnitude_HG", S::none, horizontal_magnitude},
+     "Magnitude of horizontal gradient: ", "Magnitude_HG", S::none, horizontal_magnitude, response_uses},
     {{111, R::vertical_integral, D::sampled, R::vertical_integral, true, G::none, all_roads},
-     "Vertical integral: ", "VI", S::none, vertical_integral},
+     "Vertical integral: ", "VI", S::none, vertical_integral, integral_uses},
     {{112, R::none, D::none, R::none, false, G::none, all_roads},
-     "Hole fill: ", "HoleFill", S::none, {}},
+     "Hole fill: ", "HoleFill", S::none, {}, fill_uses},
     {{114, R::continuation, D::sampled, R::continuation, true, G::none, not_on_disk},
-     "Multilayer Continuation: ", "MLC", S::none, multilayer},
+     "Multilayer Continuation: ", "MLC", S::none, multilayer, multilayer_uses},
     {{115, R::strike, D::strike, R::none, false, G::none, all_roads},
-     "Strike filter: ", "SF", S::none, strike},
+     "Strike filter: ", "SF", S::none, strike, response_uses},
     {{116, R::tensor, D::none, R::none, false, G::none, by_fft},
-     "Tensor transform: ", "Tensor", S::axes, tensor},
+     "Tensor transform: ", "Tensor", S::axes, tensor, response_uses},
     {{117, R::apparent_susceptibility, D::none, R::none, false, G::none, by_fft},
-     "App susc: ", "AppSus", S::none, susceptibility},
-    {{200, R::none, D::none, R::none, false, G::none, all_roads}, {}, "", S::field, directions},
+     "App susc: ", "AppSus", S::none, susceptibility, response_uses},
+    {{200, R::none, D::none, R::none, false, G::none, all_roads}, {}, "", S::field, directions, response_uses},
     {{201, R::pole, D::none, R::none, true, G::none, all_roads},
-     "Reduction to the pole: ", "RTP", S::field, pole},
+     "Reduction to the pole: ", "RTP", S::field, pole, pole_uses},
     {{202, R::equator, D::none, R::none, true, G::none, all_roads},
-     "Reduction to the equator: ", "RTE", S::field, directions},
+     "Reduction to the equator: ", "RTE", S::field, directions, response_uses},
     {{203, R::pseudo_gravity, D::none, R::none, true, G::none, all_roads},
-     "Mag pseudo gravity: ", "MagPseudoGrav", S::field, directions},
+     "Mag pseudo gravity: ", "MagPseudoGrav", S::field, directions, response_uses},
     {{204, R::horizontal_derivative, D::none, R::none, true, G::none, all_roads},
-     "horizontal grad", "HG", S::derivative, horizontal_gradient},
+     "horizontal grad", "HG", S::derivative, horizontal_gradient, response_uses},
     {{205, R::none, D::none, R::none, false, G::none, not_on_disk}, {}, kept, S::derivative,
-      ensemble},
+      ensemble, ensemble_uses},
     {{206, R::horizontal_of_vertical_derivative, D::none, R::none, true, G::none, all_roads},
-     "grad d2dxdz: ", "DxDz", S::derivative, horizontal_gradient},
+     "grad d2dxdz: ", "DxDz", S::derivative, horizontal_gradient, response_uses},
     {{207, R::horizontal_of_vertical_derivative, D::none, R::none, true, G::none, all_roads},
-     "grad d2dydz: ", "DyDz", S::derivative, horizontal_gradient},
+     "grad d2dydz: ", "DyDz", S::derivative, horizontal_gradient, response_uses},
     {{208, R::second_cross_derivative, D::none, R::none, true, G::none, all_roads},
-     "grad d2dxdy: ", "DzDz", S::derivative, horizontal_gradient},
+     "grad d2dxdy: ", "DzDz", S::derivative, horizontal_gradient, response_uses},
     {{209, R::horizontal_of_vertical_integral, D::none, R::none, true, G::none, all_roads},
-     "grad izdx/dy: ", "DxVI", S::derivative, horizontal_gradient},
+     "grad izdx/dy: ", "DxVI", S::derivative, horizontal_gradient, response_uses},
     {{210, R::vertical_derivative_of_integral, D::none, R::none, true, G::none, all_roads},
-     "grad izdz: ", "DzVI", S::derivative, horizontal_gradient},
+     "grad izdz: ", "DzVI", S::derivative, horizontal_gradient, response_uses},
     {{211, R::phase_flip, D::none, R::none, true, G::none, all_roads},
-     "Phase flip: ", "PhaseFlip", S::derivative, phase_flip},
+     "Phase flip: ", "PhaseFlip", S::derivative, phase_flip, response_uses},
     {{212, R::none, D::none, R::none, false, G::none, all_roads},
-     "TMI VRMI: ", "VRMI", S::field, vrmi},
+     "TMI VRMI: ", "VRMI", S::field, vrmi, vrmi_uses},
     {{filter_field_x, R::field_x, D::none, R::none, true, G::none, all_roads}, {}, kept, S::field,
-      {}},
+      {}, response_uses},
     {{filter_field_y, R::field_y, D::none, R::none, true, G::none, all_roads}, {}, kept, S::field,
-      {}},
+      {}, response_uses},
     {{filter_field_z, R::field_z, D::none, R::none, true, G::none, all_roads}, {}, kept, S::field,
-      {}},
+      {}, response_uses},
 };
 // clang-format on
 
 // Indices in the range that have no row of their own.
-constexpr catalogue_row identity{
-    {0, R::none, D::none, R::none, false, G::none, all_roads}, {}, "", S::none, directions};
+constexpr catalogue_row identity{{0, R::none, D::none, R::none, false, G::none, all_roads},
+                                 {},
+                                 "",
+                                 S::none,
+                                 directions,
+                                 response_uses};
 
 static_assert(std::ranges::is_sorted(catalogue, {},
                                      [](const catalogue_row& row) { return row.traits.index; }));
+
+// Whatever the options are, some use applies.
+constexpr bool has_a_use(const catalogue_row& row) {
+  return !row.uses.empty() && row.uses.back().applies == always;
+}
+static_assert(std::ranges::all_of(catalogue, has_a_use) && has_a_use(identity));
 
 }  // namespace
 
@@ -169,6 +219,11 @@ const catalogue_row& catalogue_row_of(std::int32_t index) noexcept {
   const auto* const row = std::ranges::lower_bound(
       catalogue, index, {}, [](const catalogue_row& entry) { return entry.traits.index; });
   return row != std::end(catalogue) && row->traits.index == index ? *row : identity;
+}
+
+const filter_use& use_of(const filter_parameters& parameters) noexcept {
+  return *std::ranges::find_if(catalogue_row_of(parameters.FilterNo).uses,
+                               [&](const filter_use& use) { return use.applies(parameters); });
 }
 
 const filter_traits& traits_of(std::int32_t index) noexcept {

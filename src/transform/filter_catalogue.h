@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 #include <cstdint>
+#include <filesystem>
 #include <optional>
 #include <span>
 #include <string_view>
+#include <vector>
 
 #include "transform/filter_parameters.h"
 #include "transform/filter_traits.h"
@@ -39,15 +41,52 @@ enum class direction_setup : std::uint8_t {
   derivative            // Par2 less Azim
 };
 
+struct transform_run;
+
+// What a product is made from; the driver provides it.
+enum class need : std::uint8_t {
+  input,                    // the grid itself
+  padded_grid,              // the grid with its margin, filled and tapered
+  spectrum,                 // of the padded grid, which then goes
+  spectrum_and_padded_grid  // which the product writes over
+};
+
+// What a filter makes on one road: a routine that makes it of a run and of parameters that are its
+// own. Its Status is that of TRSD.
+struct product {
+  Status (*make)(transform_run& run, filter_parameters parameters) = nullptr;  // nullptr: nothing
+  need from = need::input;
+};
+
+// One use of a filter, by its options.
+struct filter_use {
+  bool (*applies)(const filter_parameters& parameters);
+  std::string_view name;  // in the log, where a road does not have it
+  product convolution;
+  product memory;
+  product disk;
+  // Grids that are written beside the output.
+  std::vector<std::filesystem::path> (*side_grids)(std::string_view out_grid) = nullptr;
+
+  // By the sign of FftMode.
+  [[nodiscard]] const product& on(std::int32_t FftMode) const noexcept {
+    return FftMode == 0 ? convolution : FftMode > 0 ? memory : disk;
+  }
+};
+
 struct catalogue_row {
   filter_traits traits;
   std::string_view title;                      // none if empty
   std::optional<std::string_view> short_name;  // nothing: what stood there before is kept
   direction_setup direction = direction_setup::none;
   std::span<const filter_step> steps;
+  std::span<const filter_use> uses;  // the first that applies
 };
 
 // The row of an index; a row of an identity filter for one that has none of its own.
 [[nodiscard]] const catalogue_row& catalogue_row_of(std::int32_t index) noexcept;
+
+// The use that a filter is put to.
+[[nodiscard]] const filter_use& use_of(const filter_parameters& parameters) noexcept;
 
 }  // namespace velmorankite

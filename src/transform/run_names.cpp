@@ -65,7 +65,7 @@ reuse_names name_reuse(const transform_request& request) {
           request.fft_mode != fft_mode_convolution ? stem + "_fft.grd" : std::string()};
 }
 
-std::array<std::filesystem::path, 3> component_names(std::string_view out_grid) {
+std::vector<std::filesystem::path> component_names(std::string_view out_grid) {
   const std::string stem = stem_of_output(out_grid);
   return {stem + "_Tx.grd", stem + "_Ty.grd", stem + "_Tz.grd"};
 }

@@ -2,10 +2,10 @@
 // components of a field, and the padded and FFT grids that a later run can use again.
 // SPDX-License-Identifier: MIT
 #pragma once
-#include <array>
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "transform/transform_request.h"
 
@@ -30,6 +30,6 @@ struct reuse_names {
 [[nodiscard]] reuse_names name_reuse(const transform_request& request);
 
 // The names under which the three components of a field are put out beside an output grid.
-[[nodiscard]] std::array<std::filesystem::path, 3> component_names(std::string_view out_grid);
+[[nodiscard]] std::vector<std::filesystem::path> component_names(std::string_view out_grid);
 
 }  // namespace velmorankite

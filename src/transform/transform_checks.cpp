@@ -6,6 +6,7 @@
 #include "formats/companion_file.h"
 #include "grid/cell_position.h"
 #include "platform/padded_text.h"
+#include "transform/filter_catalogue.h"
 #include "transform/filter_index.h"
 #include "transform/filter_traits.h"
 #include "transform/log_line.h"
@@ -41,9 +42,9 @@ platform::named_files results_of(const transform_request& request,
   if (request.power_file) {
     results.push_back({power_file_name(names.power_stem, parameters), "the power spectrum"});
   }
-  if (request.filter == filter_vrmi) {
-    for (const std::filesystem::path& component : component_names(request.out_grid)) {
-      results.push_back({component, "a component of the field"});
+  if (const auto side_grids = use_of(parameters).side_grids) {
+    for (const std::filesystem::path& grid : side_grids(request.out_grid)) {
+      results.push_back({grid, "a grid beside the output"});
     }
   }
   return results;
@@ -74,44 +75,15 @@ Status check_grid(const transform_request& request, TransformLog& log) {
   return success;
 }
 
-bool always(const transform_request&) {
-  return true;
-}
-bool third_option(const transform_request& request) {
-  return request.int_par[2] == 1;
-}
-bool varies_or_layers(const transform_request& request) {
-  return request.int_par[2] != 0 || request.real_par[5] > 0.0F ||
-         request.fft_mode == fft_mode_convolution;
-}
-
-// Filters, or uses of them, that this version does not have.
-struct missing_filter {
-  std::int32_t filter;
-  bool (*applies)(const transform_request&);
-  std::string_view what;
-};
-constexpr missing_filter missing_filters[] = {
-    {filter_euler, always, "Euler deconvolution"},
-    {108, always, "the log spectral slope"},
-    {114, always, "the multilayer continuation"},
-    {201, third_option, "a direction that varies over the grid"},
-    {205, always, "the derivative ensemble"},
-    {filter_vrmi, varies_or_layers, "VRMI by layers, by panels or by convolution"},
-};
-
-Status check_availability(const transform_request& request, TransformLog& log) {
-  const auto refuse = [&log](std::string_view what) {
-    log.line(std::string("Not available in this version: ").append(what));
+// A product that the road does not have is refused, never replaced by another.
+Status check_availability(const transform_request& request, TransformLog& log,
+                          const filter_parameters& parameters) {
+  const filter_use& use = use_of(parameters);
+  if (use.on(request.fft_mode).make == nullptr) {
+    const bool disk_alone = request.fft_mode < 0 && use.memory.make != nullptr;
+    log.line(std::string("Not available in this version: ")
+                 .append(disk_alone ? "the FFT on disk" : use.name));
     return transform_not_available;
-  };
-  for (const missing_filter& row : missing_filters) {
-    if (row.filter == request.filter && row.applies(request)) {
-      return refuse(row.what);
-    }
-  }
-  if (request.fft_mode < 0 && request.filter != filter_hole_fill) {
-    return refuse("the FFT on disk");
   }
   if (request.fft_mode > fft_mode_memory) {
     log.line(log_line("The FFT mode is not supported: ", request.fft_mode));
@@ -174,7 +146,7 @@ Status check_request(const transform_request& request, TransformLog& log,
   if (const Status status = load_filter(request, log, parameters); status.failed()) {
     return status;
   }
-  if (const Status status = check_availability(request, log); status.failed()) {
+  if (const Status status = check_availability(request, log, parameters); status.failed()) {
     return status;
   }
   return keep_files_apart(request, parameters, log);
