@@ -98,7 +98,7 @@ Status GRDRDH(std::string_view file_name, grid_description& grid, grid_texts& te
     return status;
   }
   const format_traits& format = traits_of(grid.ints);
-  if (format.read == nullptr) {
+  if (format.cells == cell_form::none) {
     return format_unknown;
   }
   grid.reals.z_base = 0.0;

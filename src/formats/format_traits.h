@@ -45,8 +45,8 @@ struct format_traits {
   line_form lines;
   second_file second;
   header_access access;
-  header_reader read;  // nullptr only where there are no cells
-  kind_test is_kind;   // nullptr in the last row of a code: every other file
+  header_reader read;  // one that gives format_unknown where there are no cells
+  kind_test is_kind;   // in the last row of a code: every other file
 };
 
 // The rows by ascending code, which has no gap.
