@@ -36,10 +36,10 @@ struct ColumnTurn {
       const std::size_t end = std::min(rows, begin + tile);
       for (std::size_t first = 0; first < count; first += tile) {
         const std::size_t behind = std::min(count, first + tile);
-        for (std::size_t k = begin; k < end; ++k) {
-          const Word* const row = &cells[(bottom_up ? rows - 1 - k : k) * columns];
-          for (std::size_t r = first; r < behind; ++r) {
-            turned[r * rows + k] = row[last_column - r];
+        for (std::size_t r = first; r < behind; ++r) {
+          const Word* const column = &cells[last_column - r];
+          for (std::size_t k = begin; k < end; ++k) {
+            turned[r * rows + k] = column[(bottom_up ? rows - 1 - k : k) * columns];
           }
         }
       }
