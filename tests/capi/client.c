@@ -154,6 +154,9 @@ static void small_services_serve(void) {
   GRDTMPNAME((char*)padded("~job", name, sizeof name), &length, &status, sizeof name);
   check(status == 0 && length == 12 && memcmp(name, "~job0000.tmp            ", 24) == 0,
         "a scratch name is completed and padded");
+  GRDTMPNAME((char*)padded("~sixteen_letters", name, sizeof name), &length, &status, sizeof name);
+  check(status == 0 && length == 24 && memcmp(name, "~sixteen_letters0000.tmp", 24) == 0,
+        "a name may fill its buffer");
   GRDTMPNAME((char*)padded("~seventeen_letter", name, sizeof name), &length, &status, sizeof name);
   check(status == -1 && length == 17 && memcmp(name, "~seventeen_letter       ", 24) == 0,
         "a stem without room stays as it is");

@@ -145,9 +145,12 @@ TEST_F(PaddedGrid, impossible_requests_and_failing_files_leave_nothing) {
     request.row_pad = row_pad;
     EXPECT_EQ(GRDPAD(input, folder / "pad.grd", request, range), pad_size_impossible);
   }
-  request.column_pad = 26;  // at the far corner of the padded grid
-  request.row_pad = 22;
-  EXPECT_EQ(GRDPAD(input, folder / "pad.grd", request, range), success);
+  // The first and the last place of the input in the padded grid.
+  for (const auto& [column_pad, row_pad] : {std::pair{0, 0}, {26, 22}}) {
+    request.column_pad = column_pad;
+    request.row_pad = row_pad;
+    EXPECT_EQ(GRDPAD(input, folder / "pad.grd", request, range), success);
+  }
   std::filesystem::remove(folder / "pad.grd");
   // Every call of a small grid fails in its turn.
   request.column_pad = request.row_pad = 2;

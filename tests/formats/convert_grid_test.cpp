@@ -157,6 +157,10 @@ TEST_F(Conversion, of_text_follows_senses_repeats_and_lines) {
       {"turned rows",
        gxf("#SENSE\n3\n", "12 11 10 9\n8 7 6 5\n4 3 2 1\n"),
        {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}},
+      // Ten decimals are read the short way, more are not.
+      {"decimals",
+       gxf("", "0.0000000003 0.00000000003 1.00000000000 -0.000000000005\n5 6 7 8\n9 10 11 12\n"),
+       {3E-10F, 3E-11F, 1, -5E-12F, 5, 6, 7, 8, 9, 10, 11, 12}},
       // Digits of base 90 from "%" on; "&%" is 90, "!!" a dummy, four times by "\"\"" and "%)".
       {"codes",
        gxf("#GTYPE\n2\n", "%%&%!!%'\n$ remark\n\"\"%)&%\n%&%& rest\n%*%+\n"),
@@ -189,6 +193,26 @@ TEST_F(Conversion, knows_voids_of_the_largest_float_however_they_are_written) {
               success);
     expect_cells([](std::int32_t column, std::int32_t) { return column == 1 ? dummy : 7.0F; });
   }
+}
+
+TEST_F(Conversion, of_zmap_takes_what_lies_beyond_data_as_voids) {
+  const auto fields = [](const std::string& one, const std::string& two) {
+    const auto field = [](const std::string& text) {
+      return std::string(15 - text.size(), ' ') + text;
+    };
+    return field(one) + field(two) + "\n";
+  };
+  // Columns, each from the top down.
+  ASSERT_EQ(convert_bytes("a.dat",
+                          "! comment\n@ mag, GRID, 2\n 15, -99, Void, 7, 1\n"
+                          " 2, 2, 1000, 1002, 2000, 2002\n 0, 0, 0\n@\n" +
+                              fields("1.0E20", "1.00001E20") + fields("-99", "7") +
+                              std::string(256, ' ')),
+            success);
+  expect_cells([](std::int32_t column, std::int32_t row) {
+    const float cells[] = {dummy, 7.0F, 1.0E20F, dummy};
+    return cells[testing::cell_index(column, row, 2)];
+  });
 }
 
 TEST_F(Conversion, of_coded_text_repeats_the_token_ahead) {
@@ -316,11 +340,17 @@ TEST_F(Conversion, of_standard_grids_knows_eight_senses_integers_and_scales) {
   });
   ASSERT_EQ(convert_bytes("a.grd", standard_grid(1, 2, 0, 0.0, 1.0)), success);
   EXPECT_EQ(grid.reals.z_max, 65535.0);
-  // A base of 0.005 counts by rows, not by columns.
-  ASSERT_EQ(convert_bytes("a.grd", standard_grid(1, 4, 2, 0.005, 1.0)), success);
-  EXPECT_EQ(grid.reals.z_min, static_cast<double>(static_cast<float>(1.005)));
-  ASSERT_EQ(convert_bytes("a.grd", standard_grid(-1, 4, 2, 0.005, 1.0)), success);
-  EXPECT_EQ(grid.reals.z_min, 1.0);
+  // A base counts by rows beyond 0.000001, by columns beyond 0.01 in single precision.
+  struct scale {
+    std::int32_t sense;
+    double base, z_min;
+  };
+  for (const scale& e :
+       {scale{1, 0.005, static_cast<double>(1.005F)}, scale{-1, static_cast<double>(0.01F), 1.0},
+        scale{-1, 0.01, static_cast<double>(1.01F)}}) {
+    ASSERT_EQ(convert_bytes("a.grd", standard_grid(e.sense, 4, 2, e.base, 1.0)), success);
+    EXPECT_EQ(grid.reals.z_min, e.z_min) << e.base;
+  }
 }
 
 TEST_F(Conversion, expands_a_compressed_grid_and_leaves_no_scratch_file) {

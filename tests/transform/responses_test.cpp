@@ -349,6 +349,13 @@ TEST(MagneticResponses, split_reduction_weights_along_and_across_the_field) {
   const double re = (w1 * (n * n - a * a) / d1 + w2 * (n * n - b * b) / d2) / (w1 + w2);
   const double im = (-2.0 * n * a * w1 / d1 - 2.0 * n * b * w2 / d2) / (w1 + w2);
   expect_values({{"20 degrees", R::equator, p, u, v, -0.64 * re, -0.64 * im}});
+  // From 30 degrees on the field is steep enough for the plain reduction.
+  for (const float inclination : {30.1F, -30.1F, 29.9F, -29.9F}) {
+    const std::initializer_list<float> field{30.0F, inclination, 30.0F, inclination};
+    const complex_response plain = response_at(R::equator, magnetised(field), u, v);
+    const complex_response asked = response_at(R::equator, magnetised(field, 1), u, v);
+    EXPECT_EQ(asked.re == plain.re, std::abs(inclination) > 30.0F) << inclination;
+  }
 }
 
 TEST(MagneticResponses, pseudo_gravity_of_a_vertical_field_divides_by_the_wavenumber) {
