@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "merge/line_segments.h"
+#include "merge/sieve/line_segments.h"
 #include "merge/working_window.h"
 
 namespace velmorankite {

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "merge/line_samples.h"
-#include "merge/line_segments.h"
+#include "merge/sieve/line_segments.h"
 
 namespace velmorankite {
 namespace {

@@ -7,7 +7,7 @@
 
 #include "formats/grid_description.h"
 #include "grid/status.h"
-#include "merge/blend_weights.h"
+#include "merge/sieve/blend_weights.h"
 #include "merge/stitch_line.h"
 #include "merge/stitch_parameters.h"
 #include "merge/working_window.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "merge/blend_weights.h"
+#include "merge/sieve/blend_weights.h"
 
 #include <gtest/gtest.h>
 

@@ -4,7 +4,7 @@
 #include <span>
 
 #include "grid/lattice.h"
-#include "merge/line_segments.h"
+#include "merge/sieve/line_segments.h"
 
 namespace velmorankite {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "merge/band_limits.h"
+#include "merge/sieve/band_limits.h"
 
 #include <gtest/gtest.h>
 

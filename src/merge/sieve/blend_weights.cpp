@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "merge/blend_weights.h"
+#include "merge/sieve/blend_weights.h"
 
 #include <algorithm>
 #include <cmath>
@@ -9,9 +9,9 @@
 #include <vector>
 
 #include "grid/dummy.h"
-#include "merge/band_limits.h"
-#include "merge/leaf_distances.h"
-#include "merge/segment_sieve.h"
+#include "merge/sieve/band_limits.h"
+#include "merge/sieve/leaf_distances.h"
+#include "merge/sieve/segment_sieve.h"
 
 namespace velmorankite {
 namespace {

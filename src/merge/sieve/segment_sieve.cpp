@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "merge/segment_sieve.h"
+#include "merge/sieve/segment_sieve.h"
 
 #include <algorithm>
 #include <cmath>

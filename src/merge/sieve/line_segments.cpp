@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "merge/line_segments.h"
+#include "merge/sieve/line_segments.h"
 
 #include <cmath>
 #include <cstddef>

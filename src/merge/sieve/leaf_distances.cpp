@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "merge/leaf_distances.h"
+#include "merge/sieve/leaf_distances.h"
 
 #include <algorithm>
 #include <cmath>

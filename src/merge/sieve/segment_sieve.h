@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "grid/lattice.h"
-#include "merge/band_limits.h"
-#include "merge/line_segments.h"
+#include "merge/sieve/band_limits.h"
+#include "merge/sieve/line_segments.h"
 
 namespace velmorankite {
 

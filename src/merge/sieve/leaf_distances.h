@@ -6,9 +6,9 @@
 #include <cstdint>
 
 #include "grid/lattice.h"
-#include "merge/band_limits.h"
-#include "merge/line_segments.h"
-#include "merge/segment_sieve.h"
+#include "merge/sieve/band_limits.h"
+#include "merge/sieve/line_segments.h"
+#include "merge/sieve/segment_sieve.h"
 
 namespace velmorankite {
 
