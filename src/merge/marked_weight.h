@@ -9,7 +9,7 @@ namespace velmorankite {
 
 // All spans of a call are of one length.
 
-// Marks the weights of a run of cells: the dummy, weight_grid_1, weight_grid_2 or a share from 0 to
+// Marks the weights of a row of cells: the dummy, weight_grid_1, weight_grid_2 or a share from 0 to
 // 1. Gives the number of cells of the blend at which both grids are valid.
 std::int64_t mark_weights(std::span<const float> grid_1, std::span<const float> grid_2,
                           std::span<float> weights) noexcept;

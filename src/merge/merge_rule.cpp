@@ -66,7 +66,7 @@ float choose(bool first, float a, float b) noexcept {
 }
 
 // The same outside the window and inside it, with every alternative worked out and then chosen
-// from, so that the cells of a run go through several at a time.
+// from, so that the cells of a stretch go through several at a time.
 template <int adjusted_grid>
 float value_outside(float grid_1, float grid_2, float correction, float offset) noexcept {
   const float from_2 = levelled_2<adjusted_grid>(grid_2, offset, counted(correction));
@@ -95,25 +95,26 @@ float value_inside(const merge_cell& cell, float offset) noexcept {
 }
 
 template <int adjusted_grid>
-void run_outside(const merge_run& run, float offset) noexcept {
-  float* const out = run.grid_1.data();
-  const float* const grid_2 = run.grid_2.data();
-  const float* const correction = run.correction.data();
-  for (std::size_t i = 0; i < run.grid_1.size(); ++i) {
+void stretch_outside(const merge_stretch& cells, float offset) noexcept {
+  float* const out = cells.grid_1.data();
+  const float* const grid_2 = cells.grid_2.data();
+  const float* const correction = cells.correction.data();
+  for (std::size_t i = 0; i < cells.grid_1.size(); ++i) {
     out[i] = value_outside<adjusted_grid>(out[i], grid_2[i], correction[i], offset);
   }
 }
 
 template <int adjusted_grid>
-std::int64_t run_inside(const merge_run& run, const window_run& window, float offset) noexcept {
-  float* const out = run.grid_1.data();
-  const float* const grid_2 = run.grid_2.data();
-  const float* const correction = run.correction.data();
+std::int64_t stretch_inside(const merge_stretch& cells, const window_stretch& window,
+                            float offset) noexcept {
+  float* const out = cells.grid_1.data();
+  const float* const grid_2 = cells.grid_2.data();
+  const float* const correction = cells.correction.data();
   const float* const weight = window.weight.data();
   const float* const filled_1 = window.filled_1.data();
   const float* const filled_2 = window.filled_2.data();
   std::int32_t blended = 0;  // a row has fewer than 2^31 cells
-  for (std::size_t i = 0; i < run.grid_1.size(); ++i) {
+  for (std::size_t i = 0; i < cells.grid_1.size(); ++i) {
     const merge_cell cell{out[i],    grid_2[i],   correction[i], true,
                           weight[i], filled_1[i], filled_2[i]};
     blended += static_cast<std::int32_t>((is_valid(cell.grid_1) | is_valid(cell.grid_2)) &
@@ -131,14 +132,15 @@ float merged_value(const merge_cell& cell, const levelling& level) noexcept {
                                   : plain_value<1>(cell, level.offset);
 }
 
-void merge_outside(const merge_run& run, const levelling& level) noexcept {
-  level.adjusted_grid == 0 ? run_outside<0>(run, level.offset) : run_outside<1>(run, level.offset);
+void merge_outside(const merge_stretch& cells, const levelling& level) noexcept {
+  level.adjusted_grid == 0 ? stretch_outside<0>(cells, level.offset)
+                           : stretch_outside<1>(cells, level.offset);
 }
 
-std::int64_t merge_inside(const merge_run& run, const window_run& window,
+std::int64_t merge_inside(const merge_stretch& cells, const window_stretch& window,
                           const levelling& level) noexcept {
-  return level.adjusted_grid == 0 ? run_inside<0>(run, window, level.offset)
-                                  : run_inside<1>(run, window, level.offset);
+  return level.adjusted_grid == 0 ? stretch_inside<0>(cells, window, level.offset)
+                                  : stretch_inside<1>(cells, window, level.offset);
 }
 
 }  // namespace velmorankite

@@ -27,24 +27,24 @@ struct merge_cell {
 // The value of one output cell, the dummy where it has none.
 [[nodiscard]] float merged_value(const merge_cell& cell, const levelling& level) noexcept;
 
-// A run of neighbouring cells in one row; all spans have the same length.
-struct merge_run {
+// A stretch of neighbouring cells in one row; all spans have the same length.
+struct merge_stretch {
   std::span<float> grid_1;  // replaced by the merged values
   std::span<const float> grid_2;
   std::span<const float> correction;
 };
 
-// The same run in the working window.
-struct window_run {
+// The same stretch in the working window.
+struct window_stretch {
   std::span<const float> weight;
   std::span<const float> filled_1;
   std::span<const float> filled_2;
 };
 
-// merged_value for a run of cells outside the window, and for one inside it. The second gives the
-// number of cells in which both grids were blended.
-void merge_outside(const merge_run& run, const levelling& level) noexcept;
-std::int64_t merge_inside(const merge_run& run, const window_run& window,
+// merged_value for a stretch of cells outside the window, and for one inside it. The second gives
+// the number of cells in which both grids were blended.
+void merge_outside(const merge_stretch& cells, const levelling& level) noexcept;
+std::int64_t merge_inside(const merge_stretch& cells, const window_stretch& window,
                           const levelling& level) noexcept;
 
 }  // namespace velmorankite

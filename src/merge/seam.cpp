@@ -19,7 +19,7 @@ namespace {
 constexpr std::int64_t least_common_cells = 10;
 constexpr std::int64_t least_samples = 10;
 
-// A run of the window's cells, one row of them.
+// One row of the window's cells.
 std::span<float> row_of(platform::LargeArray<float>& cells, const Lattice& window,
                         std::int32_t row) {
   const auto width = static_cast<std::size_t>(window.x_count);

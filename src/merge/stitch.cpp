@@ -77,7 +77,8 @@ class MergedRows {
 
  private:
   [[nodiscard]] bool window_x_agrees() const;
-  [[nodiscard]] merge_run run(std::span<float> out, std::size_t begin, std::size_t end) const;
+  [[nodiscard]] merge_stretch stretch(std::span<float> out, std::size_t begin,
+                                      std::size_t end) const;
   void make_window_part(std::int32_t row, std::span<float> out);
 
   const seam& seam_;
@@ -131,7 +132,7 @@ bool MergedRows::window_x_agrees() const {
   return true;
 }
 
-merge_run MergedRows::run(std::span<float> out, std::size_t begin, std::size_t end) const {
+merge_stretch MergedRows::stretch(std::span<float> out, std::size_t begin, std::size_t end) const {
   const auto part = [=](auto cells) { return std::span(cells).subspan(begin, end - begin); };
   return {part(out), part(std::span(values_2_)), part(std::span(correction_))};
 }
@@ -143,12 +144,12 @@ void MergedRows::make(std::int32_t row, std::span<float> out) {
   const auto index = static_cast<std::size_t>(row - 1);
   if (index < rows_.begin || index >= rows_.end) {
     whole_.resample(lattice_.y(row), out, values_2_);
-    merge_outside(run(out, 0, out.size()), level_);
+    merge_outside(stretch(out, 0, out.size()), level_);
     return;
   }
   make_window_part(row, out);
-  merge_outside(run(out, 0, columns_.begin), level_);
-  merge_outside(run(out, columns_.end, out.size()), level_);
+  merge_outside(stretch(out, 0, columns_.begin), level_);
+  merge_outside(stretch(out, columns_.end, out.size()), level_);
 }
 
 // Leaves the resampled grids on the columns beside the window and the merged values on those of
@@ -163,7 +164,7 @@ void MergedRows::make_window_part(std::int32_t row, std::span<float> out) {
     const auto stride = static_cast<std::size_t>(window.x_count);
     return cells.span().subspan(static_cast<std::size_t>(row_in_window - 1) * stride, width);
   };
-  const window_run filled{weights_, window_part(seam_.filled_1), window_part(seam_.filled_2)};
+  const window_stretch filled{weights_, window_part(seam_.filled_1), window_part(seam_.filled_2)};
   const double y = lattice_.y(row);
   const bool agrees = x_agrees_ && window.y(row_in_window) == y;
 
@@ -176,7 +177,7 @@ void MergedRows::make_window_part(std::int32_t row, std::span<float> out) {
   } else {
     whole_.resample(y, out, values_2_);
   }
-  blended_cells_ += merge_inside(run(out, columns_.begin, columns_.end), filled, level_);
+  blended_cells_ += merge_inside(stretch(out, columns_.begin, columns_.end), filled, level_);
 }
 
 void write_grid(const Lattice& lattice, MergedRows& rows, platform::StagedFile& output) {

@@ -62,7 +62,7 @@ TEST(MergeRule, sums_run_from_left_to_right_in_single_precision) {
   EXPECT_EQ(merged_value(one, {0, 1.0F}), -v);
 }
 
-// Every combination of some values of each kind, in runs that also end within a vector.
+// Every combination of some values of each kind, in stretches that also end within a vector.
 TEST(MergeRule, runs_have_the_bits_of_the_plain_rule) {
   constexpr float nan = std::numeric_limits<float>::quiet_NaN();
   constexpr float infinity = std::numeric_limits<float>::infinity();

@@ -62,7 +62,7 @@ class WeightPass {
              std::span<float> weights)
       : window_(window), band_(band), sieve_(segments, window, band), weights_(weights) {}
 
-  void run() {
+  void make() {
     std::fill(weights_.begin(), weights_.end(), dummy);
     divide({1, 1, window_.x_count, window_.y_count}, sieve_.all());
   }
@@ -153,7 +153,7 @@ void WeightPass::decide(const LeafDistances& leaf, const SegmentSieve::selection
 
 void fill_blend_weights(std::span<const line_segment> segments, const Lattice& window,
                         float blend_width, float reach, std::span<float> weights) {
-  WeightPass(segments, window, limits_of(blend_width, reach), weights).run();
+  WeightPass(segments, window, limits_of(blend_width, reach), weights).make();
 }
 
 }  // namespace velmorankite

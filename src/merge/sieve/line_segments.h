@@ -10,7 +10,7 @@
 
 namespace velmorankite {
 
-// How the line turns at a vertex, seen along it. A straight run counts as a left bend.
+// How the line turns at a vertex, seen along it. Straight on counts as a left bend.
 enum class bend : std::int8_t { left = -1, none = 0, right = 1 };
 
 // From one vertex to the next. A segment whose length rounds to 0 has no direction: its ux and uy
