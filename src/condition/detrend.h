@@ -28,9 +28,10 @@ enum class fit_scope : std::int32_t { line_ends = 0, all_cells = 1 };
 
 // Fits a plane to a standard grid and, if asked, writes the residual and the plane as grids.
 //   scope        line_ends: first and last valid cell of every row, then of every column; a cell
-//                that ends both counts twice.  all_cells: every valid cell.
+//                that ends both counts twice, a line of one valid cell gives no sample.
+//                all_cells: every valid cell.
 //   input_name   standard grid of 4-byte floats.  Not changed.
-//   output_name  residual grid; the plane goes to a grid named after it (trend_name).  Blank: fit
+//   output_name  residual grid; the plane goes to a grid named after it (trend_path).  Blank: fit
 //                only.  Both appear complete or not at all.
 //   mean         out: mean of all valid cells whatever the scope (single-precision sum).
 //   trend        out: the plane; sums and solution in double, narrowed once.

@@ -25,7 +25,8 @@ class LevelRows {
     return static_cast<std::size_t>(lattice_.x_count);
   }
 
-  // The nodes of a row. The span stays good while rows at most `rows_kept` apart are asked for.
+  // The nodes of a row. The span stays good while rows less than `rows_kept` from it are asked
+  // for.
   virtual std::span<float> row(std::int32_t row) = 0;
   // Room for the nodes of a row that is about to be written; what it holds is not defined.
   virtual std::span<float> fresh_row(std::int32_t row) { return this->row(row); }

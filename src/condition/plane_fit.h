@@ -38,8 +38,8 @@ struct plane_sums {
 };
 
 // Solves the normal equations by Cramer's rule. Samples on one line, or too few, determine no
-// plane (|determinant| at most 1.0E-6): then a is their mean, `mean_without_samples` where there
-// are none, and the slopes are 0.
+// plane: |determinant| is then at most 1.0E-6, or 1.0E-11 of its largest product n xx yy. In that
+// case a is their mean, `mean_without_samples` where there are none, and the slopes are 0.
 [[nodiscard]] plane solve_plane(const plane_sums& sums, float mean_without_samples) noexcept;
 
 }  // namespace velmorankite

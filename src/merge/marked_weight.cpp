@@ -5,7 +5,8 @@
 #include <cstddef>
 
 #include "grid/dummy.h"
-#include "merge/seam_band.h"
+#include "merge/choose.h"
+#include "merge/sieve/blend_weights.h"
 
 namespace velmorankite {
 namespace {
@@ -18,11 +19,6 @@ constexpr std::uint32_t grid_2_mark = 0x80000000U;
 constexpr std::uint32_t word_off_band = 1;
 constexpr std::uint32_t word_grid_1 = 2;
 constexpr std::uint32_t word_grid_2 = 3;
-
-constexpr std::uint32_t choose(bool first, std::uint32_t a, std::uint32_t b) noexcept {
-  const std::uint32_t mask = first ? 0xFFFFFFFFU : 0U;
-  return (a & mask) | (b & ~mask);
-}
 
 constexpr std::uint32_t word_of(float value) noexcept {
   return std::bit_cast<std::uint32_t>(value);

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "merge/merge_rule.h"
 
-#include <bit>
 #include <cstddef>
 
 #include "grid/dummy.h"
-#include "merge/seam_band.h"
+#include "merge/choose.h"
+#include "merge/sieve/blend_weights.h"
 
 namespace velmorankite {
 namespace {
@@ -56,13 +56,6 @@ float plain_value(const merge_cell& cell, float offset) noexcept {
     return w == weight_grid_2 ? dummy : from_1(cell.grid_1);
   }
   return w == weight_grid_1 ? dummy : from_2(cell.grid_2);
-}
-
-// One of two values without a jump.
-float choose(bool first, float a, float b) noexcept {
-  const std::uint32_t mask = first ? 0xFFFFFFFFU : 0U;
-  return std::bit_cast<float>((std::bit_cast<std::uint32_t>(a) & mask) |
-                              (std::bit_cast<std::uint32_t>(b) & ~mask));
 }
 
 // The same outside the window and inside it, with every alternative worked out and then chosen

@@ -7,42 +7,13 @@
 #include "grid/dummy.h"
 #include "platform/number_edit.h"
 #include "platform/scratch_file.h"
+#include "platform/text_file.h"
 
 namespace velmorankite {
 namespace {
 
 using platform::fixed_edit;
 using platform::integer_edit;
-
-constexpr std::size_t block_bytes = std::size_t{1} << 16;
-
-// Gathers the text of a staged file into blocks.
-class ReportText {
- public:
-  explicit ReportText(const std::filesystem::path& path) : staged_(path) {}
-
-  void line(std::string_view text) {
-    pending_.append(text).append("\n");
-    if (pending_.size() >= block_bytes) {
-      flush();
-    }
-  }
-  void commit() {
-    flush();
-    staged_.commit();
-  }
-
- private:
-  void flush() {
-    staged_.file().write(position_, std::as_bytes(std::span(pending_)));
-    position_ += static_cast<std::int64_t>(pending_.size());
-    pending_.clear();
-  }
-
-  platform::StagedFile staged_;
-  std::string pending_;
-  std::int64_t position_ = 1;
-};
 
 double rms(double sum_of_squares, std::int64_t count) {
   return count > 0 ? std::sqrt(sum_of_squares / static_cast<double>(count)) : 0.0;
@@ -94,8 +65,8 @@ seam_mismatch measure_mismatch(std::span<const float> grid_1, std::span<float> g
 void write_mismatch_report(const std::filesystem::path& path, std::span<const double> x,
                            std::span<const double> y, std::span<const float> grid_1,
                            std::span<const float> grid_2) {
-  ReportText report(path);
-  report.line("Num,X,Y,grid1,grid2,grid1-grid2");
+  platform::TextWriter report{platform::StagedFile(path)};
+  report.write_line("Num,X,Y,grid1,grid2,grid1-grid2");
   std::int64_t number = 0;
   for (std::size_t i = 0; i < grid_1.size(); ++i) {
     if (grid_2[i] == dummy) {
@@ -107,9 +78,9 @@ void write_mismatch_report(const std::filesystem::path& path, std::span<const do
     for (const float value : {grid_1[i], grid_2[i], grid_1[i] - grid_2[i]}) {
       line += fixed_edit(static_cast<double>(value), 12, 4);
     }
-    report.line(line);
+    report.write_line(line);
   }
-  report.commit();
+  report.close();
 }
 
 }  // namespace velmorankite

@@ -190,16 +190,16 @@ void write_grid(const Lattice& lattice, MergedRows& rows, platform::StagedFile& 
   output.commit();
 }
 
-bool has_room(const std::filesystem::path& path, const Lattice& lattice, std::string& why) {
+bool fits(const std::filesystem::path& path, const Lattice& lattice, std::string& why) {
   constexpr std::int64_t mega = 1000000;
   const auto cell_bytes = static_cast<std::int64_t>(sizeof(float));
   const std::int64_t bytes = standard_header_bytes + cell_bytes * lattice.cell_count();
-  const std::int64_t room = platform::free_bytes(std::filesystem::absolute(path).parent_path());
-  if (bytes <= room) {
+  const std::filesystem::path folder = std::filesystem::absolute(path).parent_path();
+  if (platform::has_room(folder, bytes)) {
     return true;
   }
   why = path.string() + " takes " + std::to_string(bytes / mega) + " MB, the disk has " +
-        std::to_string(room / mega) + " left";
+        std::to_string(platform::free_bytes(folder) / mega) + " left";
   return false;
 }
 
@@ -235,7 +235,7 @@ Status GRIDSTITCH(const stitch_parameters& parameters, const input_grid& grid_1,
   keep_results_apart(parameters, grid_1, grid_2);
   // First of all, so that a place that cannot be written costs no work and leaves no report.
   platform::StagedFile output(parameters.output_path);
-  if (!has_room(output.target(), parameters.lattice, why)) {
+  if (!fits(output.target(), parameters.lattice, why)) {
     return stitch_impossible;
   }
   seam measured;

@@ -36,6 +36,10 @@ std::int64_t free_bytes(const std::filesystem::path& folder) {
   return static_cast<std::int64_t>(failure ? most : std::min(space.available, most));
 }
 
+bool has_room(const std::filesystem::path& folder, std::int64_t bytes) {
+  return bytes <= free_bytes(folder);
+}
+
 bool same_file(const std::filesystem::path& a, const std::filesystem::path& b) {
   std::error_code failure;
   const bool same = std::filesystem::equivalent(a, b, failure);

@@ -11,6 +11,8 @@ namespace velmorankite::platform {
 [[nodiscard]] std::int64_t bytes_of_file(const std::filesystem::path& path);
 // Bytes that a file in this folder can take; the largest number where the system does not tell.
 [[nodiscard]] std::int64_t free_bytes(const std::filesystem::path& folder);
+// Whether a file of `bytes` fits in.
+[[nodiscard]] bool has_room(const std::filesystem::path& folder, std::int64_t bytes);
 // Whether both names lead to one existing file, through links too.
 [[nodiscard]] bool same_file(const std::filesystem::path& a, const std::filesystem::path& b);
 // Whether both names mean one place, existing or not; a blank name means none.

@@ -1,4 +1,4 @@
-// Numbers in messages.
+// Numbers in messages and logs.
 // SPDX-License-Identifier: MIT
 #pragma once
 #include <array>
@@ -7,7 +7,7 @@
 
 namespace velmorankite::platform {
 
-// The shortest decimal that reads back as `value`.
+// The shortest decimal that reads back as `value`; integers as they are.
 template <typename T>
 [[nodiscard]] std::string shortest(T value) {
   std::array<char, 32> text{};

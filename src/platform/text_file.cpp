@@ -98,7 +98,13 @@ TextWriter::TextWriter(std::filesystem::path path, line_end end, open_mode mode)
   }
 }
 
+TextWriter::TextWriter(StagedFile staged, line_end end)
+    : staged_(std::move(staged)), ending_(ending_of(end)) {}
+
 TextWriter::~TextWriter() {
+  if (staged_) {
+    return;
+  }
   try {
     close();
   } catch (const std::exception&) {
@@ -114,17 +120,21 @@ void TextWriter::write_line(std::string_view line) {
 }
 
 void TextWriter::flush() {
-  file_.write(position_, std::as_bytes(std::span(pending_)));
+  file().write(position_, std::as_bytes(std::span(pending_)));
   position_ += static_cast<std::int64_t>(pending_.size());
   pending_.clear();
 }
 
 void TextWriter::close() {
-  if (!file_.is_open()) {
+  if (!file().is_open()) {
     return;
   }
   flush();
-  file_.close();
+  if (staged_) {
+    staged_->commit();
+  } else {
+    file_.close();
+  }
 }
 
 }  // namespace velmorankite::platform

@@ -4,11 +4,13 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "platform/binary_file.h"
+#include "platform/scratch_file.h"
 
 namespace velmorankite::platform {
 
@@ -53,14 +55,17 @@ class TextReader {
   std::int64_t line_number_ = 0;
 };
 
-// Writes lines one after the other, gathered into blocks. Failures throw IoError.
+// Writes lines one after the other, gathered into blocks, to a file or to a staged one, which
+// appears under its name with close(). Failures throw IoError.
 class TextWriter {
  public:
   // Lines end in LF unless `end` is crlf or cr. `mode` is create, or open_always to append
   // behind what the file holds.
   explicit TextWriter(std::filesystem::path path, line_end end = line_end::lf,
                       open_mode mode = open_mode::create);
-  // Writes what is pending; a failure here is lost, so call close() where it matters.
+  explicit TextWriter(StagedFile staged, line_end end = line_end::lf);
+  // Writes what is pending; a failure here is lost, so call close() where it matters. Nothing stays
+  // of a staged file that was not closed.
   ~TextWriter();
   TextWriter(TextWriter&&) noexcept = default;
   TextWriter& operator=(TextWriter&&) noexcept = default;
@@ -69,12 +74,13 @@ class TextWriter {
 
   void write_line(std::string_view line);
   void close();
-  [[nodiscard]] const std::filesystem::path& path() const noexcept { return file_.path(); }
 
  private:
   void flush();
+  [[nodiscard]] BinaryFile& file() noexcept { return staged_ ? staged_->file() : file_; }
 
   BinaryFile file_;
+  std::optional<StagedFile> staged_;
   std::string_view ending_;
   std::string pending_;
   std::int64_t position_ = 1;

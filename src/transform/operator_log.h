@@ -5,6 +5,7 @@
 #include <span>
 #include <string>
 
+#include "platform/number_text.h"
 #include "transform/log_line.h"
 
 namespace velmorankite {
@@ -14,7 +15,7 @@ inline void log_rows(std::span<const float> values, std::size_t width, const log
   for (std::size_t first = 0; first < values.size(); first += width) {
     std::string line;
     for (const float value : values.subspan(first, width)) {
-      line.append(line.empty() ? "" : " ").append(log_number(value));
+      line.append(line.empty() ? "" : " ").append(platform::shortest(value));
     }
     log(line);
   }

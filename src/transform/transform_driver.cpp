@@ -32,10 +32,8 @@ Status refuse_padded_grid(const transform_run& run) {
   return status;
 }
 
-// Whether the current folder, where its scratch file stands, can take the padded grid.
-bool has_room(const fft_geometry& g) {
-  return std::int64_t{sizeof(float)} * g.nxp * g.nyp + standard_header_bytes <=
-         platform::free_bytes(".");
+std::int64_t padded_bytes(const fft_geometry& g) {
+  return std::int64_t{sizeof(float)} * g.nxp * g.nyp + standard_header_bytes;
 }
 
 Status plan(transform_run& run) {
@@ -112,7 +110,9 @@ Status provide_padded(transform_run& run) {
   if (status.failed()) {
     return status;
   }
-  return has_room(run.geometry) ? make_padded(run) : refuse_padded_grid(run);
+  // The scratch file of the padded grid stands in the current folder.
+  return platform::has_room(".", padded_bytes(run.geometry)) ? make_padded(run)
+                                                             : refuse_padded_grid(run);
 }
 
 Status provide(transform_run& run, need from) {

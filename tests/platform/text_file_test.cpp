@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/file_tests.h"
 #include "support/temporary_folder.h"
 
 namespace velmorankite::platform {
@@ -79,6 +80,23 @@ TEST(TextWriter, lines_take_the_chosen_end_and_can_be_appended) {
   writer.write_line("two");
   writer.close();
   EXPECT_EQ(testing::read_file(folder / "a"), "one\r\ntwo\n");
+}
+
+TEST(TextWriter, a_staged_file_appears_when_it_is_closed_and_not_without) {
+  const TemporaryFolder folder;
+  const std::string line(70000, 'x');  // more than is gathered
+  for (const bool closes : {false, true}) {
+    {
+      TextWriter writer(StagedFile(folder / "a"));
+      writer.write_line(line);
+      EXPECT_FALSE(file_exists(folder / "a"));
+      if (closes) {
+        writer.close();
+      }
+    }
+    EXPECT_EQ(file_exists(folder / "a"), closes);
+  }
+  EXPECT_EQ(testing::read_file(folder / "a"), line + "\n");
 }
 
 }  // namespace

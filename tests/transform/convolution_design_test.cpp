@@ -142,7 +142,7 @@ TEST(SymmetricOperator, is_logged_with_its_sum) {
   ASSERT_EQ(log.size(), 5U);
   EXPECT_EQ(log[0], "");
   EXPECT_EQ(log[1].substr(0, 34), "Symmetric Filter coefficients : 0.");
-  EXPECT_EQ(log[3], log_number(weights[2]) + " " + log_number(weights[3]));
+  EXPECT_EQ(log[3], platform::shortest(weights[2]) + " " + platform::shortest(weights[3]));
   EXPECT_EQ(log[4], "");
 }
 
