@@ -77,6 +77,13 @@ std::int32_t number_of(std::string_view routine, Status status, std::int32_t for
   return status.code;
 }
 
+std::int32_t number_of(std::string_view routine, const Outcome& outcome) {
+  if (outcome.failed()) {
+    remember_failure(routine, outcome.why);
+  }
+  return outcome.status.code;
+}
+
 }  // namespace velmorankite::capi
 
 std::int32_t VELMORANKITE_LAST_ERROR(char* text, std::size_t text_length) {

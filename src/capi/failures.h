@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "grid/status.h"
+#include "merge/outcome.h"
 
 namespace velmorankite::capi {
 
@@ -21,7 +22,10 @@ std::int32_t failure_in_flight(std::string_view routine) noexcept;
 //   format_code  of the grid at hand, 0 where there is none.
 std::int32_t number_of(std::string_view routine, Status status, std::int32_t format_code = 0);
 
-// Runs the body of a routine, which gives a Status; no exception leaves it.
+// The same of an outcome, whose own words are remembered.
+std::int32_t number_of(std::string_view routine, const Outcome& outcome);
+
+// Runs the body of a routine, which gives a Status or an Outcome; no exception leaves it.
 template <typename Body>
 std::int32_t guarded(std::string_view routine, Body&& body) noexcept {
   try {

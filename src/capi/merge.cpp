@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <string>
 #include <vector>
 
 #include "capi/descriptions.h"
@@ -35,14 +34,10 @@ void line_out(const velmorankite::stitch_line& line, std::size_t first, double* 
 void RDSTITCHDXF(const std::int32_t* mode, const char* path, const double* minimum_distance,
                  std::int32_t* vertex_count, double* x, double* y, std::int32_t* status,
                  std::size_t path_length) {
-  std::string why;
   velmorankite::stitch_line line;
   *status = guarded("RDSTITCHDXF", [&] {
-    return velmorankite::RDSTITCHDXF(text_in(path, path_length), *minimum_distance, line, why);
+    return velmorankite::RDSTITCHDXF(text_in(path, path_length), *minimum_distance, line);
   });
-  if (!why.empty()) {
-    remember_failure("RDSTITCHDXF", why);
-  }
   *vertex_count = static_cast<std::int32_t>(line.x.size());
   if (*mode > 0) {
     line_out(line, 0, x, y);
@@ -59,7 +54,6 @@ void GRIDSTITCH(const char* report_name, const char* grid_1, const std::int32_t*
                 const double* out_y_max, const double* out_y_cell, const std::int32_t* out_y_count,
                 std::int32_t* status, std::size_t report_name_length, std::size_t grid_1_length,
                 std::size_t grid_2_length, std::size_t output_length) {
-  std::string why;
   *status = guarded("GRIDSTITCH", [&] {
     velmorankite::stitch_parameters parameters;
     parameters.report_name = text_in(report_name, report_name_length);
@@ -79,13 +73,10 @@ void GRIDSTITCH(const char* report_name, const char* grid_1, const std::int32_t*
     velmorankite::stitch_line line = line_in(x, y, *vertex_count);
     const std::size_t given = line.x.size();
     velmorankite::stitch_summary summary;
-    const velmorankite::Status result =
-        velmorankite::GRIDSTITCH(parameters, first, second, line, summary, why);
+    velmorankite::Outcome outcome =
+        velmorankite::GRIDSTITCH(parameters, first, second, line, summary);
     line_out(line, given, x, y);
     *vertex_count = static_cast<std::int32_t>(line.x.size());
-    return result;
+    return outcome;
   });
-  if (!why.empty()) {
-    remember_failure("GRIDSTITCH", why);
-  }
 }

@@ -141,8 +141,8 @@ merge_definitions read_definitions(const std::filesystem::path& path) {
   reader.numbers("lattice_y_min, lattice_y_max, lattice_cell_y and the integer lattice_ny",
                  {&s.lattice.y_min, &s.lattice_y_max, &s.lattice.y_cell, &s.lattice.y_count});
 
-  if (const auto fault = find_fault(s)) {
-    throw reader.fault(fault->definitions_line, fault->text);
+  if (const parameter_check check = check_parameters(s); check.outcome.failed()) {
+    throw reader.fault(check.definitions_line, check.outcome.why);
   }
   keep_files_apart(reader, path, d);
   return d;

@@ -15,7 +15,7 @@ struct merge_definitions {
 };
 
 // Reads a definitions file and makes sure that a merge can be done with it, before any work:
-// numbers as find_fault wants them, and no result under the name of an input.
+// numbers as check_parameters wants them, and no result under the name of an input.
 // Throws IoError with the line of the file and what was expected there.
 merge_definitions read_definitions(const std::filesystem::path& path);
 

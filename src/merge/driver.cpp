@@ -11,6 +11,7 @@
 #include "grid/cell_position.h"
 #include "grid/standard_header.h"
 #include "merge/definitions.h"
+#include "merge/outcome.h"
 #include "merge/stitch.h"
 #include "merge/stitch_line.h"
 #include "platform/number_edit.h"
@@ -47,7 +48,36 @@ struct prepared_grid {
   platform::ScratchFile converted;
 };
 
-// One run, step by step. A step that gives nothing or false has said why the run stops.
+std::string about(const std::filesystem::path& path, std::string_view words) {
+  std::string text = path.empty() ? "a blank name" : path.string();
+  return text.append(": ").append(words);
+}
+
+// Puts a standard grid with the cells of `path` in place of `prepared`.
+Outcome convert(const std::filesystem::path& path, std::string_view stem, prepared_grid& prepared) {
+  const Status status =
+      convert_to_scratch(path.string(), stem, prepared.grid.description, prepared.converted);
+  if (status.failed()) {
+    return {status, about(path, status_words(formats_statuses, "GRDRDG", status,
+                                             prepared.grid.description.ints.format_code))};
+  }
+  prepared.grid.path = prepared.converted.path();
+  return {};
+}
+
+Outcome read_line(const std::filesystem::path& path, double minimum_distance, stitch_line& line) {
+  if (Outcome outcome = RDSTITCHDXF(path, minimum_distance, line); outcome.failed()) {
+    return outcome;
+  }
+  if (line.x.size() < least_vertices) {
+    return impossible(about(path, "the stitch line keeps " + std::to_string(line.x.size()) +
+                                      " vertices, " + std::to_string(least_vertices) +
+                                      " are needed"));
+  }
+  return {};
+}
+
+// One run, step by step. A run stops at the first step that fails, and says why.
 class MergeRun {
  public:
   explicit MergeRun(const run_output& output) : output_(output) {}
@@ -57,63 +87,45 @@ class MergeRun {
  private:
   [[nodiscard]] std::optional<prepared_grid> prepare(int number,
                                                      const std::filesystem::path& path) const;
-  bool describe(const std::filesystem::path& path, grid_description& grid) const;
-  bool convert(const std::filesystem::path& path, std::string_view stem,
-               prepared_grid& prepared) const;
+  Outcome describe(const std::filesystem::path& path, grid_description& grid) const;
   void report(int number, const grid_description& grid) const;
-  bool read_line(const std::filesystem::path& path, double minimum_distance,
-                 stitch_line& line) const;
   void stitch(const stitch_parameters& parameters, const input_grid& grid_1,
               const input_grid& grid_2, stitch_line& line) const;
   void summarise(const stitch_summary& summary) const;
 
   void say(std::string_view line) const { output_.console(line); }
-  void remark(const std::filesystem::path& path, std::string_view words) const {
-    std::string text = path.empty() ? "a blank name" : path.string();
-    output_.remarks(text.append(": ").append(words));
-  }
+  void remark(std::string_view words) const { output_.remarks(words); }
 
   const run_output& output_;
 };
 
-bool MergeRun::describe(const std::filesystem::path& path, grid_description& grid) const {
+Outcome MergeRun::describe(const std::filesystem::path& path, grid_description& grid) const {
   grid_texts texts;
   const Status status = GRDRDH(path.string(), grid, texts);
   for (const std::string& advice : texts.advice) {
-    remark(path, advice);
+    remark(about(path, advice));
   }
   if (status.failed()) {
-    say("Failed to determine the grid file format");
-    remark(path, status_words(formats_statuses, "GRDRDH", status, grid.ints.format_code));
-    return false;
+    return {status,
+            about(path, status_words(formats_statuses, "GRDRDH", status, grid.ints.format_code))};
   }
-  return true;
-}
-
-// Puts a standard grid with the cells of `path` in place of `prepared`.
-bool MergeRun::convert(const std::filesystem::path& path, std::string_view stem,
-                       prepared_grid& prepared) const {
-  const Status status =
-      convert_to_scratch(path.string(), stem, prepared.grid.description, prepared.converted);
-  if (status.failed()) {
-    remark(path, status_words(formats_statuses, "GRDRDG", status,
-                              prepared.grid.description.ints.format_code));
-    return false;
-  }
-  prepared.grid.path = prepared.converted.path();
-  return true;
+  return {};
 }
 
 std::optional<prepared_grid> MergeRun::prepare(int number,
                                                const std::filesystem::path& path) const {
   prepared_grid prepared{{path, {}}, {}};
-  if (!describe(path, prepared.grid.description)) {
+  if (const Outcome described = describe(path, prepared.grid.description); described.failed()) {
+    say("Failed to determine the grid file format");
+    remark(described.why);
     return std::nullopt;
   }
   if (!is_read_in_place(prepared.grid.description)) {
     const std::string file = "the input grid file " + std::to_string(number);
     say("Convert " + file + " to standard Geosoft");
-    if (!convert(path, "~grd" + std::to_string(number) + "cnv", prepared)) {
+    const std::string stem = "~grd" + std::to_string(number) + "cnv";
+    if (const Outcome converted = convert(path, stem, prepared); converted.failed()) {
+      remark(converted.why);
       say("Failed to read " + file);
       return std::nullopt;
     }
@@ -137,27 +149,12 @@ void MergeRun::report(int number, const grid_description& grid) const {
   say(integer_edit(grid.ints.x_count, 8) + integer_edit(grid.ints.y_count, 8));
 }
 
-bool MergeRun::read_line(const std::filesystem::path& path, double minimum_distance,
-                         stitch_line& line) const {
-  std::string why;
-  if (RDSTITCHDXF(path, minimum_distance, line, why).failed()) {
-    output_.remarks(why);
-    return false;
-  }
-  if (line.x.size() < least_vertices) {
-    remark(path, "the stitch line keeps " + std::to_string(line.x.size()) + " vertices, " +
-                     std::to_string(least_vertices) + " are needed");
-    return false;
-  }
-  return true;
-}
-
 void MergeRun::stitch(const stitch_parameters& parameters, const input_grid& grid_1,
                       const input_grid& grid_2, stitch_line& line) const {
   stitch_summary summary;
-  std::string why;
-  if (GRIDSTITCH(parameters, grid_1, grid_2, line, summary, why).failed()) {
-    output_.remarks("no merged grid: " + why);
+  const Outcome outcome = GRIDSTITCH(parameters, grid_1, grid_2, line, summary);
+  if (outcome.failed()) {
+    remark("no merged grid: " + outcome.why);
     return;
   }
   summarise(summary);
@@ -171,13 +168,13 @@ void MergeRun::summarise(const stitch_summary& summary) const {
                 "along the line %g rms before, %g after",
                 static_cast<double>(m.offset), static_cast<long long>(m.sample_count),
                 static_cast<long long>(summary.blended_cells), m.rms_before, m.rms_after);
-  std::string remark = text.data();
+  std::string summed_up = text.data();
   if (summary.corrected) {
     std::snprintf(text.data(), text.size(), " the offset, %g after the correction",
                   m.rms_corrected);
-    remark += text.data();
+    summed_up += text.data();
   }
-  output_.remarks(remark);
+  remark(summed_up);
 }
 
 void MergeRun::run(std::string_view definitions_path) {
@@ -195,7 +192,10 @@ void MergeRun::run(std::string_view definitions_path) {
     return;
   }
   stitch_line line;
-  if (!read_line(definitions.stitch_line_file, grid_1->grid.description.reals.x_cell, line)) {
+  const double minimum_distance = grid_1->grid.description.reals.x_cell;
+  if (const Outcome read = read_line(definitions.stitch_line_file, minimum_distance, line);
+      read.failed()) {
+    remark(read.why);
     return;
   }
   stitch(definitions.stitch, grid_1->grid, grid_2->grid, line);

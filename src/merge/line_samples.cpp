@@ -19,9 +19,8 @@ bool is_inside(const working_window& window, double x, double y) {
 
 }  // namespace
 
-std::string sample_line(std::span<const line_segment> segments, std::int32_t step_count,
-                        const working_window& window, std::vector<double>& x,
-                        std::vector<double>& y) {
+Outcome sample_line(std::span<const line_segment> segments, std::int32_t step_count,
+                    const working_window& window, std::vector<double>& x, std::vector<double>& y) {
   x.clear();
   y.clear();
   const auto keep = [&](double sample_x, double sample_y) {
@@ -40,9 +39,9 @@ std::string sample_line(std::span<const line_segment> segments, std::int32_t ste
   for (std::int64_t i = 0; i < most_steps; ++i) {
     const auto next = static_cast<float>(static_cast<double>(walked) + step);
     if (next == walked) {
-      return "the stitch line is too long for its steps: " + platform::shortest(walked) +
-             " along it a step of one X cell size (" + platform::shortest(step) +
-             ") no longer moves in single precision";
+      return impossible("the stitch line is too long for its steps: " + platform::shortest(walked) +
+                        " along it a step of one X cell size (" + platform::shortest(step) +
+                        ") no longer moves in single precision");
     }
     walked = next;
     while (walked > end) {

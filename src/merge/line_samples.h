@@ -3,9 +3,9 @@
 #pragma once
 #include <cstdint>
 #include <span>
-#include <string>
 #include <vector>
 
+#include "merge/outcome.h"
 #include "merge/sieve/line_segments.h"
 #include "merge/working_window.h"
 
@@ -15,9 +15,8 @@ namespace velmorankite {
 // in single precision, and keeps the points that lie in the window, limits included.
 //   step_count  as measure_segments gives it; the walk may take 32 steps more.
 //   x, y        out: the samples, map units.
-// Gives an empty text, or one sentence that says why the line cannot be walked.
-[[nodiscard]] std::string sample_line(std::span<const line_segment> segments,
-                                      std::int32_t step_count, const working_window& window,
-                                      std::vector<double>& x, std::vector<double>& y);
+// Status: success, or stitch_impossible for a line that cannot be walked.
+Outcome sample_line(std::span<const line_segment> segments, std::int32_t step_count,
+                    const working_window& window, std::vector<double>& x, std::vector<double>& y);
 
 }  // namespace velmorankite

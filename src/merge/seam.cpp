@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <new>
 #include <span>
+#include <string>
 #include <vector>
 
 #include "condition/multi_level_fill.h"
@@ -64,7 +65,7 @@ std::vector<float> sample(const platform::LargeArray<float>& cells, const seam_b
 }
 
 // Measures the mismatch of the filled grids along the line, reports it, and corrects what drifts.
-Status measure(const stitch_parameters& parameters, seam& result, std::string& why) {
+Outcome measure(const stitch_parameters& parameters, seam& result) {
   const seam_band& band = result.band;
   const std::vector<float> values_1 = sample(result.filled_1, band);
   std::vector<float> values_2 = sample(result.filled_2, band);
@@ -72,53 +73,52 @@ Status measure(const stitch_parameters& parameters, seam& result, std::string& w
   write_mismatch_report(mismatch_report_path(parameters.report_name), band.sample_x, band.sample_y,
                         values_1, values_2);
   if (result.mismatch.sample_count < least_samples) {
-    why = std::to_string(result.mismatch.sample_count) +
-          " points of the stitch line hold data of both grids, " + std::to_string(least_samples) +
-          " are needed";
-    return seam_impossible;
+    return impossible(std::to_string(result.mismatch.sample_count) +
+                      " points of the stitch line hold data of both grids, " +
+                      std::to_string(least_samples) + " are needed");
   }
   if (parameters.correction_distance > 0.0F) {
     seam_correction& correction = result.correction.emplace();
-    if (build_seam_correction(parameters, band, values_1, values_2, correction, why).failed()) {
-      return seam_impossible;
+    if (Outcome outcome = build_seam_correction(parameters, band, values_1, values_2, correction);
+        outcome.failed()) {
+      return outcome;
     }
     result.mismatch.rms_corrected = residual_rms(correction, band, values_1, values_2);
   }
-  return success;
+  return {};
 }
 
 // All that follows the band.
-Status measure_on_window(const stitch_parameters& parameters, const input_grid& grid_1,
-                         const input_grid& grid_2, seam& result, std::string& why) {
+Outcome measure_on_window(const stitch_parameters& parameters, const input_grid& grid_1,
+                          const input_grid& grid_2, seam& result) {
   const std::int64_t overlap = resample(grid_1, grid_2, result);
   if (overlap < least_common_cells) {
-    why = std::to_string(overlap) + " cells of the blend strip hold data of both grids, " +
-          std::to_string(least_common_cells) + " are needed";
-    return seam_impossible;
+    return impossible(std::to_string(overlap) +
+                      " cells of the blend strip hold data of both grids, " +
+                      std::to_string(least_common_cells) + " are needed");
   }
   const Lattice& window = result.band.window.lattice;
   if (!fill(result.filled_1, window) || !fill(result.filled_2, window)) {
-    why = "the holes of the grids cannot be filled on a " + size_of(window) +
-          ", 4 columns and 4 rows are needed";
-    return seam_impossible;
+    return impossible("the holes of the grids cannot be filled on a " + size_of(window) +
+                      ", 4 columns and 4 rows are needed");
   }
-  return measure(parameters, result, why);
+  return measure(parameters, result);
 }
 
 }  // namespace
 
-Status GRDSTITCHW(const stitch_parameters& parameters, const input_grid& grid_1,
-                  const input_grid& grid_2, stitch_line& line, seam& result, std::string& why) {
-  if (build_seam_band(parameters, grid_1.description, grid_2.description, line, result.band, why)
-          .failed()) {
-    return seam_impossible;
+Outcome GRDSTITCHW(const stitch_parameters& parameters, const input_grid& grid_1,
+                   const input_grid& grid_2, stitch_line& line, seam& result) {
+  if (Outcome outcome =
+          build_seam_band(parameters, grid_1.description, grid_2.description, line, result.band);
+      outcome.failed()) {
+    return outcome;
   }
   try {
-    return measure_on_window(parameters, grid_1, grid_2, result, why);
+    return measure_on_window(parameters, grid_1, grid_2, result);
   } catch (const std::bad_alloc&) {
-    why = "both grids on a " + size_of(result.band.window.lattice) +
-          " need more memory than there is";
-    return seam_impossible;
+    return impossible("both grids on a " + size_of(result.band.window.lattice) +
+                      " need more memory than there is");
   }
 }
 

@@ -2,9 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 #include <optional>
-#include <string>
 
-#include "grid/status.h"
+#include "merge/outcome.h"
 #include "merge/seam_band.h"
 #include "merge/seam_correction.h"
 #include "merge/seam_mismatch.h"
@@ -22,19 +21,16 @@ struct seam {
   std::optional<seam_correction> correction;  // with a correction distance above 0
 };
 
-inline constexpr Status seam_impossible{-1};
-
 // Resamples both grids onto the working window, fills their holes there, measures the mismatch
 // along the line, writes its report and, where a correction distance asks for it, the correction.
 //   grid_1, grid_2  standard grids of 4-byte floats
 //   line            gets its second vertex appended if it closes on itself
 //   result          out
-//   why             out: a sentence, when the status is not success
-// Status: success or seam_impossible. That is a band that cannot be built, fewer than 10 cells of
+// Status: success or stitch_impossible. That is a band that cannot be built, fewer than 10 cells of
 // the blend strip or fewer than 10 points of the line at which both grids have data, and a window
 // that cannot be filled; nothing is left of it but the report, once the line is measured. Throws
 // IoError.
-Status GRDSTITCHW(const stitch_parameters& parameters, const input_grid& grid_1,
-                  const input_grid& grid_2, stitch_line& line, seam& result, std::string& why);
+Outcome GRDSTITCHW(const stitch_parameters& parameters, const input_grid& grid_1,
+                   const input_grid& grid_2, stitch_line& line, seam& result);
 
 }  // namespace velmorankite

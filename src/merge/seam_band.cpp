@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <new>
-#include <utility>
+#include <string>
 #include <vector>
 
 #include "merge/line_samples.h"
@@ -13,23 +13,23 @@
 namespace velmorankite {
 namespace {
 
-std::string build(const stitch_parameters& parameters, const grid_description& adjusted,
-                  stitch_line& line, seam_band& band) {
-  if (std::string fault = snap_window(parameters, adjusted, line, band.window); !fault.empty()) {
-    return fault;
+Outcome build(const stitch_parameters& parameters, const grid_description& adjusted,
+              stitch_line& line, seam_band& band) {
+  if (Outcome outcome = snap_window(parameters, adjusted, line, band.window); outcome.failed()) {
+    return outcome;
   }
   const Lattice& window = band.window.lattice;
   band.closed = close_line(line, window.x_cell);
   std::vector<line_segment> segments;
   std::int32_t step_count = 0;
-  if (std::string fault = measure_segments(line, window.x_cell, segments, step_count);
-      !fault.empty()) {
-    return fault;
+  if (Outcome outcome = measure_segments(line, window.x_cell, segments, step_count);
+      outcome.failed()) {
+    return outcome;
   }
-  if (std::string fault =
+  if (Outcome outcome =
           sample_line(segments, step_count, band.window, band.sample_x, band.sample_y);
-      !fault.empty()) {
-    return fault;
+      outcome.failed()) {
+    return outcome;
   }
   band.weights = platform::LargeArray<float>(static_cast<std::size_t>(window.cell_count()));
   fill_blend_weights(segments, window, parameters.blend_width, band_reach(parameters),
@@ -39,23 +39,16 @@ std::string build(const stitch_parameters& parameters, const grid_description& a
 
 }  // namespace
 
-Status build_seam_band(const stitch_parameters& parameters, const grid_description& grid_1,
-                       const grid_description& grid_2, stitch_line& line, seam_band& band,
-                       std::string& why) {
+Outcome build_seam_band(const stitch_parameters& parameters, const grid_description& grid_1,
+                        const grid_description& grid_2, stitch_line& line, seam_band& band) {
   band = {};
-  std::string fault;
   try {
-    fault = build(parameters, parameters.adjusted_grid == 0 ? grid_1 : grid_2, line, band);
+    return build(parameters, parameters.adjusted_grid == 0 ? grid_1 : grid_2, line, band);
   } catch (const std::bad_alloc&) {
-    fault = "the working window of " + std::to_string(band.window.lattice.x_count) + " by " +
-            std::to_string(band.window.lattice.y_count) +
-            " cells and the samples of the line need more memory than there is";
+    return impossible("the working window of " + std::to_string(band.window.lattice.x_count) +
+                      " by " + std::to_string(band.window.lattice.y_count) +
+                      " cells and the samples of the line need more memory than there is");
   }
-  if (fault.empty()) {
-    return success;
-  }
-  why = std::move(fault);
-  return seam_band_impossible;
 }
 
 }  // namespace velmorankite

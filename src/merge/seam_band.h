@@ -2,11 +2,10 @@
 // line, and a blend weight for every cell of the window.
 // SPDX-License-Identifier: MIT
 #pragma once
-#include <string>
 #include <vector>
 
 #include "formats/grid_description.h"
-#include "grid/status.h"
+#include "merge/outcome.h"
 #include "merge/sieve/blend_weights.h"
 #include "merge/stitch_line.h"
 #include "merge/stitch_parameters.h"
@@ -23,16 +22,12 @@ struct seam_band {
   bool closed = false;                  // the line comes back on itself
 };
 
-inline constexpr Status seam_band_impossible{-1};
-
 // Builds the band.
 //   grid_1, grid_2  with a correction distance above 0 the window covers the one that is adjusted.
 //   line            in and out: a line that comes back to within one X cell of its start gets its
 //                   second vertex appended.
-//   why             out: one sentence on a failure.
-// Status: success or seam_band_impossible.
-Status build_seam_band(const stitch_parameters& parameters, const grid_description& grid_1,
-                       const grid_description& grid_2, stitch_line& line, seam_band& band,
-                       std::string& why);
+// Status: success or stitch_impossible.
+Outcome build_seam_band(const stitch_parameters& parameters, const grid_description& grid_1,
+                        const grid_description& grid_2, stitch_line& line, seam_band& band);
 
 }  // namespace velmorankite

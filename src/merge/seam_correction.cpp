@@ -5,6 +5,7 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <string>
 
 #include "condition/level_build.h"
 #include "condition/multi_level_fill.h"
@@ -142,28 +143,29 @@ bool write_spread_residuals(const line_values& points, const Lattice& window,
 }
 
 // Each step with words of its own: the same number means other things in other routines.
-bool describe(const std::string& name, grid_description& grid, std::string& why) {
+Outcome describe(const std::string& name, grid_description& grid) {
   grid_texts texts;
   const Status status = GRDRDH(name, grid, texts);
   if (status.failed()) {
-    why = name + " cannot be read back: " + status_words(merge_statuses, "GRDRDH", status);
+    return impossible(name +
+                      " cannot be read back: " + status_words(merge_statuses, "GRDRDH", status));
   }
-  return !status.failed();
+  return {};
 }
 
-bool continue_residuals(const std::filesystem::path& from, const std::string& to, float distance,
-                        std::string& why) {
+Outcome continue_residuals(const std::filesystem::path& from, const std::string& to,
+                           float distance) {
   transform_request request = continuation(from, to, distance);
-  if (!describe(request.in_grid, request.grid, why)) {
-    return false;
+  if (Outcome outcome = describe(request.in_grid, request.grid); outcome.failed()) {
+    return outcome;
   }
   transform_range range;
   const Status status = TRSD(request, range);
   if (status.failed()) {
-    why = "the continuation of the correction failed: " +
-          status_words(merge_statuses, "TRSD", status);
+    return impossible("the continuation of the correction failed: " +
+                      status_words(merge_statuses, "TRSD", status));
   }
-  return !status.failed();
+  return {};
 }
 
 }  // namespace
@@ -231,9 +233,9 @@ void reach_nodes(const line_values& points, const Lattice& window, std::span<flo
   }
 }
 
-Status build_seam_correction(const stitch_parameters& parameters, const seam_band& band,
-                             std::span<const float> grid_1, std::span<const float> grid_2,
-                             seam_correction& correction, std::string& why) {
+Outcome build_seam_correction(const stitch_parameters& parameters, const seam_band& band,
+                              std::span<const float> grid_1, std::span<const float> grid_2,
+                              seam_correction& correction) {
   line_values points = residuals_of(band, grid_1, grid_2);
   const std::int32_t half_width =
       smoothing_half_width(parameters.correction_distance, parameters.lattice.x_cell,
@@ -242,23 +244,23 @@ Status build_seam_correction(const stitch_parameters& parameters, const seam_ban
 
   const platform::ScratchFile spread = new_scratch("~grdfeather_fill");
   if (!write_spread_residuals(points, band.window.lattice, spread.path())) {
-    why = "the mismatch along the line cannot be spread over the working window";
-    return correction_impossible;
+    return impossible("the mismatch along the line cannot be spread over the working window");
   }
   const std::string output = correction_grid_path(parameters.report_name).string();
   // Both go if the continuation fails.
   platform::ScratchFile grid(output);
   platform::ScratchFile log(correction_log_path(parameters.report_name));
-  if (!continue_residuals(spread.path(), output, parameters.correction_distance, why)) {
-    return correction_impossible;
+  if (Outcome outcome = continue_residuals(spread.path(), output, parameters.correction_distance);
+      outcome.failed()) {
+    return outcome;
   }
-  if (!describe(output, correction.description, why)) {
-    return correction_impossible;
+  if (Outcome outcome = describe(output, correction.description); outcome.failed()) {
+    return outcome;
   }
   correction.path = output;
   grid.keep();
   log.keep();
-  return success;
+  return {};
 }
 
 double residual_rms(const seam_correction& correction, const seam_band& band,

@@ -5,13 +5,12 @@
 #include <cstdint>
 #include <filesystem>
 #include <span>
-#include <string>
 #include <string_view>
 #include <vector>
 
 #include "formats/grid_description.h"
 #include "grid/lattice.h"
-#include "grid/status.h"
+#include "merge/outcome.h"
 #include "merge/seam_band.h"
 #include "merge/stitch_parameters.h"
 
@@ -55,19 +54,16 @@ struct seam_correction {
 // Where the log of its continuation stands.
 [[nodiscard]] std::filesystem::path correction_log_path(std::string_view report_name);
 
-inline constexpr Status correction_impossible{-1};
-
 // Builds the correction grid `<stem>_stitch_grid_smooth.grd` beside the report: the residuals are
 // smoothed along the line, spread over the window, and continued upwards by the correction
 // distance. The log of the continuation stays beside it.
 //   grid_1, grid_2  values at the samples of the band, grid_2 on the level of grid 1; a sample at
 //                   which one of them is no value is left out.
-//   why             out: a sentence, when the status is not success.
-// Status: success or correction_impossible, then with nothing left. Throws IoError, with nothing
+// Status: success or stitch_impossible, then with nothing left. Throws IoError, with nothing
 // left either.
-Status build_seam_correction(const stitch_parameters& parameters, const seam_band& band,
-                             std::span<const float> grid_1, std::span<const float> grid_2,
-                             seam_correction& correction, std::string& why);
+Outcome build_seam_correction(const stitch_parameters& parameters, const seam_band& band,
+                              std::span<const float> grid_1, std::span<const float> grid_2,
+                              seam_correction& correction);
 
 // Root mean square of what remains at the samples once the correction is added as well.
 [[nodiscard]] double residual_rms(const seam_correction& correction, const seam_band& band,

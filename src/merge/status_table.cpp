@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "merge/status_table.h"
 
-#include "merge/stitch.h"
+#include "merge/outcome.h"
 #include "merge/stitch_line.h"
 #include "transform/status_table.h"
 

@@ -8,6 +8,8 @@
 #include <iterator>
 #include <optional>
 #include <span>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "formats/companion_file.h"
@@ -190,17 +192,17 @@ void write_grid(const Lattice& lattice, MergedRows& rows, platform::StagedFile& 
   output.commit();
 }
 
-bool fits(const std::filesystem::path& path, const Lattice& lattice, std::string& why) {
+Outcome check_room(const std::filesystem::path& path, const Lattice& lattice) {
   constexpr std::int64_t mega = 1000000;
   const auto cell_bytes = static_cast<std::int64_t>(sizeof(float));
   const std::int64_t bytes = standard_header_bytes + cell_bytes * lattice.cell_count();
   const std::filesystem::path folder = std::filesystem::absolute(path).parent_path();
   if (platform::has_room(folder, bytes)) {
-    return true;
+    return {};
   }
-  why = path.string() + " takes " + std::to_string(bytes / mega) + " MB, the disk has " +
-        std::to_string(platform::free_bytes(folder) / mega) + " left";
-  return false;
+  return impossible(path.string() + " takes " + std::to_string(bytes / mega) +
+                    " MB, the disk has " + std::to_string(platform::free_bytes(folder) / mega) +
+                    " left");
 }
 
 void keep_results_apart(const stitch_parameters& parameters, const input_grid& grid_1,
@@ -225,27 +227,25 @@ platform::named_files results_of(const stitch_parameters& parameters) {
   return results;
 }
 
-Status GRIDSTITCH(const stitch_parameters& parameters, const input_grid& grid_1,
-                  const input_grid& grid_2, stitch_line& line, stitch_summary& summary,
-                  std::string& why) {
-  if (const auto fault = find_fault(parameters)) {
-    why = fault->text;
-    return stitch_impossible;
+Outcome GRIDSTITCH(const stitch_parameters& parameters, const input_grid& grid_1,
+                   const input_grid& grid_2, stitch_line& line, stitch_summary& summary) {
+  if (parameter_check check = check_parameters(parameters); check.outcome.failed()) {
+    return std::move(check.outcome);
   }
   keep_results_apart(parameters, grid_1, grid_2);
   // First of all, so that a place that cannot be written costs no work and leaves no report.
   platform::StagedFile output(parameters.output_path);
-  if (!fits(output.target(), parameters.lattice, why)) {
-    return stitch_impossible;
+  if (Outcome outcome = check_room(output.target(), parameters.lattice); outcome.failed()) {
+    return outcome;
   }
   seam measured;
-  if (GRDSTITCHW(parameters, grid_1, grid_2, line, measured, why).failed()) {
-    return stitch_impossible;
+  if (Outcome outcome = GRDSTITCHW(parameters, grid_1, grid_2, line, measured); outcome.failed()) {
+    return outcome;
   }
   MergedRows rows(parameters, grid_1, grid_2, measured);
   write_grid(parameters.lattice, rows, output);
   summary = {measured.mismatch, rows.blended_cells(), measured.correction.has_value()};
-  return success;
+  return {};
 }
 
 }  // namespace velmorankite

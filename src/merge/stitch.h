@@ -2,9 +2,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 #include <cstdint>
-#include <string>
 
-#include "grid/status.h"
+#include "merge/outcome.h"
 #include "merge/seam_mismatch.h"
 #include "merge/stitch_line.h"
 #include "merge/stitch_parameters.h"
@@ -19,8 +18,6 @@ struct stitch_summary {
   bool corrected = false;          // the drifting part of the mismatch was removed too
 };
 
-inline constexpr Status stitch_impossible{-1};
-
 // What a stitch writes, the output grid first. No two of them may mean one place, and none the
 // place of an input.
 [[nodiscard]] platform::named_files results_of(const stitch_parameters& parameters);
@@ -31,14 +28,12 @@ inline constexpr Status stitch_impossible{-1};
 //   grid_1, grid_2  standard grids of 4-byte floats, grid 1 on the right of the line
 //   line            gets its second vertex appended if it closes on itself
 //   summary         out
-//   why             out: a sentence, when the status is not success
 // Status: success or stitch_impossible, then without a merged grid. That appears under its name
 // only when it is complete. Throws IoError, ahead of any work where a result would replace a grid,
 // a file that belongs to one, or another result.
 // Memory: three floats a cell of the working window and the pyramid of one fill beside some rows;
 // the grids themselves are read by rows, and may be much larger.
-Status GRIDSTITCH(const stitch_parameters& parameters, const input_grid& grid_1,
-                  const input_grid& grid_2, stitch_line& line, stitch_summary& summary,
-                  std::string& why);
+Outcome GRIDSTITCH(const stitch_parameters& parameters, const input_grid& grid_1,
+                   const input_grid& grid_2, stitch_line& line, stitch_summary& summary);
 
 }  // namespace velmorankite

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <limits>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <utility>
 
@@ -182,28 +183,25 @@ std::string too_few(const vertices_read& vertices, double minimum_distance) {
 
 }  // namespace
 
-Status RDSTITCHDXF(const std::filesystem::path& path, double minimum_distance, stitch_line& line,
-                   std::string& why) {
+Outcome RDSTITCHDXF(const std::filesystem::path& path, double minimum_distance, stitch_line& line) {
   GroupReader groups(path);
   stitch_line kept;
   bool closed = false;
   vertices_read vertices;
-  std::string fault;
+  std::string missing;
   if (!groups.skip_to("ENTITIES")) {
-    fault = "no line that begins with the word ENTITIES";
+    missing = "no line that begins with the word ENTITIES";
   } else if (!skip_to_vertices(groups, closed)) {
-    fault = "no POLYLINE with VERTEX records behind the word ENTITIES";
+    missing = "no POLYLINE with VERTEX records behind the word ENTITIES";
   } else {
     vertices = read_vertices(groups, minimum_distance, kept);
-    fault = kept.x.size() < 2 ? too_few(vertices, minimum_distance) : "";
+    missing = kept.x.size() < 2 ? too_few(vertices, minimum_distance) : "";
   }
   if (!groups.failure().empty()) {
-    why = groups.failure();
-    return stitch_line_unusable;
+    return {stitch_line_unusable, groups.failure()};
   }
-  if (!fault.empty()) {
-    why = path.string() + ": " + fault;
-    return stitch_line_unusable;
+  if (!missing.empty()) {
+    return {stitch_line_unusable, path.string() + ": " + missing};
   }
   const vertex first{kept.x.front(), kept.y.front()};
   if (closed && distance(*vertices.last, first) > minimum_distance) {
@@ -211,7 +209,7 @@ Status RDSTITCHDXF(const std::filesystem::path& path, double minimum_distance, s
     kept.y.push_back(first.y);
   }
   line = std::move(kept);
-  return success;
+  return {};
 }
 
 }  // namespace velmorankite

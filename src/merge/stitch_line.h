@@ -2,10 +2,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 #include <filesystem>
-#include <string>
 #include <vector>
 
-#include "grid/status.h"
+#include "merge/outcome.h"
 
 namespace velmorankite {
 
@@ -22,11 +21,9 @@ inline constexpr Status stitch_line_unusable{-1};
 //   minimum_distance  map units: a vertex nearer than this to the vertex before it in the file is
 //                     dropped.
 //   line              out: the vertices kept; a closed polyline comes back to its first vertex.
-//   why               out: one sentence if the line is unusable.
 // Status: success, or stitch_line_unusable for fewer than 2 vertices or a read that fails.
 // Throws IoError for a file that cannot be opened, text where a number must stand, or a vertex
 // whose groups are not one 10 (X) and then one 20 (Y); it names the line.
-Status RDSTITCHDXF(const std::filesystem::path& path, double minimum_distance, stitch_line& line,
-                   std::string& why);
+Outcome RDSTITCHDXF(const std::filesystem::path& path, double minimum_distance, stitch_line& line);
 
 }  // namespace velmorankite

@@ -45,7 +45,7 @@ parameter_rule above_zero(int line, std::string_view field, T value) {
 
 }  // namespace
 
-std::optional<parameter_fault> find_fault(const stitch_parameters& p) {
+parameter_check check_parameters(const stitch_parameters& p) {
   const parameter_rule rules[] = {
       finite(7, "correction_distance", p.correction_distance),
       {8, p.adjusted_grid == 0 || p.adjusted_grid == 1, "adjusted_grid", told(p.adjusted_grid),
@@ -66,10 +66,10 @@ std::optional<parameter_fault> find_fault(const stitch_parameters& p) {
     if (!rule.holds) {
       std::string text(rule.field);
       text.append(" is ").append(rule.value).append(", ").append(rule.expected);
-      return parameter_fault{rule.definitions_line, text.append(" is expected")};
+      return {impossible(text.append(" is expected")), rule.definitions_line};
     }
   }
-  return std::nullopt;
+  return {};
 }
 
 }  // namespace velmorankite

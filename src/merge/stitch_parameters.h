@@ -3,11 +3,11 @@
 #pragma once
 #include <cstdint>
 #include <filesystem>
-#include <optional>
 #include <string>
 
 #include "formats/grid_description.h"
 #include "grid/lattice.h"
+#include "merge/outcome.h"
 
 namespace velmorankite {
 
@@ -30,13 +30,13 @@ struct stitch_parameters {
   std::filesystem::path output_path;
 };
 
-// A value with which no stitch can be done.
-struct parameter_fault {
-  int definitions_line;  // which of the 13 lines of the definitions holds it, from 1
-  std::string text;      // field, value and what was expected
+struct parameter_check {
+  Outcome outcome;
+  int definitions_line = 0;  // which of the 13 lines of the definitions holds the value, from 1
 };
 
-// The first such value, if there is one.
-[[nodiscard]] std::optional<parameter_fault> find_fault(const stitch_parameters& parameters);
+// Whether a stitch can be done with these values. Status: success, or stitch_impossible with the
+// first field that will not do, its value and what was expected.
+[[nodiscard]] parameter_check check_parameters(const stitch_parameters& parameters);
 
 }  // namespace velmorankite

@@ -7,6 +7,7 @@
 #include <limits>
 #include <optional>
 #include <span>
+#include <string>
 #include <utility>
 
 #include "grid/dummy.h"
@@ -51,53 +52,54 @@ std::optional<std::int32_t> whole(double cells) {
   return static_cast<std::int32_t>(cells);
 }
 
-std::string fault_of_numbers(const stitch_parameters& p) {
+Outcome check_numbers(const stitch_parameters& p) {
   const Lattice& lattice = p.lattice;
   const double reach = static_cast<double>(band_reach(p));
   const auto is_size = [](double value) { return std::isfinite(value) && value > 0.0; };
   if (!is_size(lattice.x_cell) || !is_size(lattice.y_cell)) {
-    return "cell sizes above 0 are needed, " + shortest(lattice.x_cell) + " and " +
-           shortest(lattice.y_cell) + " are given";
+    return impossible("cell sizes above 0 are needed, " + shortest(lattice.x_cell) + " and " +
+                      shortest(lattice.y_cell) + " are given");
   }
   if (!std::isfinite(lattice.x_min) || !std::isfinite(p.lattice_x_max) ||
       !std::isfinite(lattice.y_min) || !std::isfinite(p.lattice_y_max)) {
-    return "the limits of the output lattice are not all finite numbers";
+    return impossible("the limits of the output lattice are not all finite numbers");
   }
   if (!is_size(static_cast<double>(p.blend_width)) || !std::isfinite(reach)) {
-    return "a blend_width above 0 and a finite band_margin are needed, " + shortest(p.blend_width) +
-           " and " + shortest(p.band_margin) + " are given";
+    return impossible("a blend_width above 0 and a finite band_margin are needed, " +
+                      shortest(p.blend_width) + " and " + shortest(p.band_margin) + " are given");
   }
   if (reach / lattice.x_cell < least_reach) {
-    return "blend_width + band_margin is " + shortest(band_reach(p)) +
-           ", at least two X cell sizes (" + shortest(least_reach * lattice.x_cell) +
-           ") are needed";
+    return impossible("blend_width + band_margin is " + shortest(band_reach(p)) +
+                      ", at least two X cell sizes (" + shortest(least_reach * lattice.x_cell) +
+                      ") are needed");
   }
   // Distances are measured in blend widths and must stay far from the dummy.
   if (!is_valid(-band_reach(p) / p.blend_width)) {
-    return "blend_width is " + shortest(p.blend_width) + ", too small beside a band of " +
-           shortest(band_reach(p));
+    return impossible("blend_width is " + shortest(p.blend_width) +
+                      ", too small beside a band of " + shortest(band_reach(p)));
   }
   return {};
 }
 
-std::string fault_of_line(const stitch_line& line) {
+Outcome check_line(const stitch_line& line) {
   if (line.x.size() < 2) {
-    return "a stitch line needs at least 2 vertices, " + std::to_string(line.x.size()) + " given";
+    return impossible("a stitch line needs at least 2 vertices, " + std::to_string(line.x.size()) +
+                      " given");
   }
   const auto finite = [](double value) { return std::isfinite(value); };
   if (!std::all_of(line.x.begin(), line.x.end(), finite) ||
       !std::all_of(line.y.begin(), line.y.end(), finite)) {
-    return "a vertex of the stitch line is not a finite number";
+    return impossible("a vertex of the stitch line is not a finite number");
   }
   return {};
 }
 
-std::string fault_of_limits(const grid_reals& grid) {
+Outcome check_limits(const grid_reals& grid) {
   if (std::isfinite(grid.x_min) && std::isfinite(grid.x_max) && std::isfinite(grid.y_min) &&
       std::isfinite(grid.y_max)) {
     return {};
   }
-  return "the limits of the adjusted grid are not all finite numbers";
+  return impossible("the limits of the adjusted grid are not all finite numbers");
 }
 
 // An axis with the line and `reach` beyond it, cut to the lattice.
@@ -119,21 +121,22 @@ double snap(const axis& a, double position) {
   return a.min + std::trunc((position - a.min) / a.cell) * a.cell;
 }
 
-std::string snap_axis(const axis& a, axis_window& window) {
+Outcome snap_axis(const axis& a, axis_window& window) {
   window.min = std::max(a.min, snap(a, a.lowest));
   window.max = std::min(a.max, snap(a, a.highest));
   if (!(window.min <= a.max) || !(window.max >= a.min)) {
-    return "line and output lattice do not meet: along " + a.name + " the lattice goes from " +
-           shortest(a.min) + " to " + shortest(a.max) + ", the line with its band from " +
-           shortest(a.band_low) + " to " + shortest(a.band_high);
+    return impossible("line and output lattice do not meet: along " + a.name +
+                      " the lattice goes from " + shortest(a.min) + " to " + shortest(a.max) +
+                      ", the line with its band from " + shortest(a.band_low) + " to " +
+                      shortest(a.band_high));
   }
   const std::optional<std::int32_t> count = whole((window.max - window.min) / a.cell + 1.0);
   const std::optional<std::int32_t> first = whole((window.min - a.min) / a.cell + 1.0);
   const std::optional<std::int32_t> last = whole((window.max - a.min) / a.cell + 1.0);
   if (!count || !first || !last) {
-    return "the working window goes from " + shortest(window.min) + " to " + shortest(window.max) +
-           " along " + a.name + ", which is more cells of " + shortest(a.cell) +
-           " than can be counted";
+    return impossible("the working window goes from " + shortest(window.min) + " to " +
+                      shortest(window.max) + " along " + a.name + ", which is more cells of " +
+                      shortest(a.cell) + " than can be counted");
   }
   window.count = *count;
   window.first = *first;
@@ -143,31 +146,31 @@ std::string snap_axis(const axis& a, axis_window& window) {
   return {};
 }
 
-std::string fault_of_size(const axis_window& x, const axis_window& y, const Lattice& lattice,
-                          float blend_width) {
+Outcome check_size(const axis_window& x, const axis_window& y, const Lattice& lattice,
+                   float blend_width) {
   const double wide = static_cast<double>(x.count) * lattice.x_cell;
   const double high = static_cast<double>(y.count) * lattice.y_cell;
   const double blend = static_cast<double>(blend_width);
   if (blend > wide || blend > high) {
-    return "blend_width is " + shortest(blend_width) + ", the working window is only " +
-           shortest(wide) + " by " + shortest(high) + " (" + std::to_string(x.count) + " by " +
-           std::to_string(y.count) + " cells)";
+    return impossible("blend_width is " + shortest(blend_width) + ", the working window is only " +
+                      shortest(wide) + " by " + shortest(high) + " (" + std::to_string(x.count) +
+                      " by " + std::to_string(y.count) + " cells)");
   }
   constexpr std::int64_t most_cells =
       std::numeric_limits<std::ptrdiff_t>::max() / static_cast<std::int64_t>(sizeof(float));
   if (x.count > most_cells / y.count) {
-    return "the working window of " + std::to_string(x.count) + " by " + std::to_string(y.count) +
-           " cells is larger than any memory";
+    return impossible("the working window of " + std::to_string(x.count) + " by " +
+                      std::to_string(y.count) + " cells is larger than any memory");
   }
   return {};
 }
 
 }  // namespace
 
-std::string snap_window(const stitch_parameters& parameters, const grid_description& adjusted,
-                        const stitch_line& line, working_window& window) {
-  if (std::string fault = fault_of_numbers(parameters); !fault.empty()) return fault;
-  if (std::string fault = fault_of_line(line); !fault.empty()) return fault;
+Outcome snap_window(const stitch_parameters& parameters, const grid_description& adjusted,
+                    const stitch_line& line, working_window& window) {
+  if (Outcome outcome = check_numbers(parameters); outcome.failed()) return outcome;
+  if (Outcome outcome = check_line(line); outcome.failed()) return outcome;
   const Lattice& lattice = parameters.lattice;
   const double reach = static_cast<double>(band_reach(parameters));
   axis along_x =
@@ -175,16 +178,16 @@ std::string snap_window(const stitch_parameters& parameters, const grid_descript
   axis along_y =
       around("Y", lattice.y_min, parameters.lattice_y_max, lattice.y_cell, line.y, reach);
   if (parameters.correction_distance > 0.0F) {
-    if (std::string fault = fault_of_limits(adjusted.reals); !fault.empty()) return fault;
+    if (Outcome outcome = check_limits(adjusted.reals); outcome.failed()) return outcome;
     widen(along_x, adjusted.reals.x_min, adjusted.reals.x_max);
     widen(along_y, adjusted.reals.y_min, adjusted.reals.y_max);
   }
   axis_window x;
   axis_window y;
-  if (std::string fault = snap_axis(along_x, x); !fault.empty()) return fault;
-  if (std::string fault = snap_axis(along_y, y); !fault.empty()) return fault;
-  if (std::string fault = fault_of_size(x, y, lattice, parameters.blend_width); !fault.empty()) {
-    return fault;
+  if (Outcome outcome = snap_axis(along_x, x); outcome.failed()) return outcome;
+  if (Outcome outcome = snap_axis(along_y, y); outcome.failed()) return outcome;
+  if (Outcome outcome = check_size(x, y, lattice, parameters.blend_width); outcome.failed()) {
+    return outcome;
   }
   window = {{x.min, y.min, lattice.x_cell, lattice.y_cell, x.count, y.count},
             x.max,

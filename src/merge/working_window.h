@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 #include <cstdint>
-#include <string>
 
 #include "formats/grid_description.h"
 #include "grid/lattice.h"
+#include "merge/outcome.h"
 #include "merge/stitch_line.h"
 #include "merge/stitch_parameters.h"
 
@@ -30,9 +30,8 @@ struct working_window {
 // correction distance above 0 the limits of the adjusted grid too.
 //   adjusted  the grid that is moved; only its limits count, and only with a correction.
 //   line      2 vertices or more.
-// Gives an empty text, or one sentence that says why there is no window.
-[[nodiscard]] std::string snap_window(const stitch_parameters& parameters,
-                                      const grid_description& adjusted, const stitch_line& line,
-                                      working_window& window);
+// Status: success, or stitch_impossible where there is no window.
+Outcome snap_window(const stitch_parameters& parameters, const grid_description& adjusted,
+                    const stitch_line& line, working_window& window);
 
 }  // namespace velmorankite

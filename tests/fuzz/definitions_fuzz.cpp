@@ -10,7 +10,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   testing::MemorySystem memory(data, size);
   const platform::SystemOverride override(memory);
   try {
-    testing::expect(!find_fault(read_definitions("merge.trs").stitch));
+    testing::expect(!check_parameters(read_definitions("merge.trs").stitch).outcome.failed());
   } catch (const platform::IoError&) {
     return 0;
   }

@@ -1,7 +1,5 @@
 // Feeds damaged DXF files to the reader of the stitch line.
 // SPDX-License-Identifier: MIT
-#include <string>
-
 #include "fuzz/fuzz_folder.h"
 #include "fuzz/memory_system.h"
 #include "merge/stitch_line.h"
@@ -12,11 +10,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   testing::MemorySystem memory(data, size);
   const platform::SystemOverride override(memory);
   stitch_line line;
-  std::string why;
   try {
-    const Status status = RDSTITCHDXF("line.dxf", 1.0, line, why);
-    testing::expect(status.failed() ? !why.empty() : line.x.size() >= 2);
-    testing::expect(status.failed() || line.x.size() == line.y.size());
+    const Outcome outcome = RDSTITCHDXF("line.dxf", 1.0, line);
+    testing::expect(outcome.failed() ? !outcome.why.empty() : line.x.size() >= 2);
+    testing::expect(outcome.failed() || line.x.size() == line.y.size());
   } catch (const platform::IoError&) {
     return 0;
   }

@@ -17,8 +17,8 @@ struct Walk {
   Walk(const stitch_line& line, double step, double limit = 1e9) {
     window.lattice = {-limit, -limit, step, step, 1, 1};
     window.x_max = window.y_max = limit;
-    EXPECT_EQ(measure_segments(line, step, segments, steps), "");
-    fault = sample_line(segments, steps, window, x, y);
+    EXPECT_EQ(measure_segments(line, step, segments, steps).why, "");
+    fault = sample_line(segments, steps, window, x, y).why;
   }
   working_window window;
   std::vector<line_segment> segments;

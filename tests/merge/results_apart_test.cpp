@@ -50,14 +50,13 @@ std::string stitch(const char* grid_1, const char* output, float correction) {
   parameters.output_path = output;
   stitch_line line{{-50.0, 200.0, 450.0}, {150.0, 150.0, 150.0}};
   stitch_summary summary;
-  std::string why;
   try {
-    (void)GRIDSTITCH(parameters, {grid_1, testing::describe("one.grd")},
-                     {"two.grd", testing::describe("two.grd")}, line, summary, why);
+    return GRIDSTITCH(parameters, {grid_1, testing::describe("one.grd")},
+                      {"two.grd", testing::describe("two.grd")}, line, summary)
+        .why;
   } catch (const platform::IoError& error) {
-    why = error.what();
+    return error.what();
   }
-  return why;
 }
 
 TEST_F(NothingIsLost, in_a_stitch_to_a_name_that_another_of_its_files_has) {

@@ -25,8 +25,7 @@ stitch_parameters parameters() {
 TEST(SeamBand, brings_window_samples_and_weights_to_one_lattice) {
   stitch_line line{{20, 40}, {30, 30}};
   seam_band band;
-  std::string why;
-  ASSERT_EQ(build_seam_band(parameters(), {}, {}, line, band, why), success) << why;
+  ASSERT_EQ(build_seam_band(parameters(), {}, {}, line, band).why, "");
   EXPECT_FALSE(band.closed);
   EXPECT_EQ(band.window.first_column, 16);
   EXPECT_EQ(band.window.first_row, 26);
@@ -51,8 +50,7 @@ TEST(SeamBand, takes_the_limits_of_the_grid_that_is_adjusted) {
     p.adjusted_grid = adjusted;
     stitch_line line{{20, 40}, {30, 30}};
     seam_band band;
-    std::string why;
-    ASSERT_EQ(build_seam_band(p, wide, narrow, line, band, why), success) << why;
+    ASSERT_EQ(build_seam_band(p, wide, narrow, line, band).why, "");
     EXPECT_EQ(band.window.lattice.x_count, adjusted == 0 ? 61 : 31);
   }
 }
@@ -60,8 +58,7 @@ TEST(SeamBand, takes_the_limits_of_the_grid_that_is_adjusted) {
 TEST(SeamBand, of_a_closed_line_tells_so_and_runs_on_to_the_second_vertex) {
   stitch_line line{{20, 40, 40, 20, 20.5}, {20, 20, 40, 40, 20.5}};
   seam_band band;
-  std::string why;
-  ASSERT_EQ(build_seam_band(parameters(), {}, {}, line, band, why), success) << why;
+  ASSERT_EQ(build_seam_band(parameters(), {}, {}, line, band).why, "");
   EXPECT_TRUE(band.closed);
   EXPECT_EQ(line.x, (std::vector<double>{20, 40, 40, 20, 20.5, 40}));
   EXPECT_EQ(line.y, (std::vector<double>{20, 20, 40, 40, 20.5, 20}));
@@ -73,9 +70,9 @@ TEST(SeamBand, that_cannot_be_built_leaves_the_sentence_of_the_stage_that_stoppe
   vast.reals.x_max = vast.reals.y_max = 1e9;
   const auto why = [&](const stitch_parameters& p, stitch_line line) {
     seam_band band;
-    std::string words;
-    EXPECT_EQ(build_seam_band(p, {}, vast, line, band, words), seam_band_impossible);
-    return words.substr(0, 34);
+    const Outcome outcome = build_seam_band(p, {}, vast, line, band);
+    EXPECT_TRUE(outcome.failed());
+    return outcome.why.substr(0, 34);
   };
   stitch_parameters p = parameters();
   EXPECT_EQ(why(p, {{30, 31, 32.5}, {30, 30, 30}}), "the stitch line is 2.5 long, at le");

@@ -75,8 +75,7 @@ std::vector<float> plain_stitch(const stitch_parameters& p, const input_grid& gr
                                 const input_grid& grid_2, stitch_line line,
                                 const std::filesystem::path& folder) {
   seam_band band;
-  std::string why;
-  EXPECT_EQ(build_seam_band(p, grid_1.description, grid_2.description, line, band, why), success);
+  EXPECT_EQ(build_seam_band(p, grid_1.description, grid_2.description, line, band).why, "");
   const Lattice& window = band.window.lattice;
   const input_grid filled_1 = filled(resampled(grid_1, window), window, folder / "~1.grd");
   const input_grid filled_2 = filled(resampled(grid_2, window), window, folder / "~2.grd");
@@ -166,9 +165,7 @@ TEST_F(Stitch, gives_the_bits_of_a_plain_reading_through_scratch_files) {
       const auto expected = plain_stitch(c.parameters, grid_1, grid_2, c.line, folder.path());
       stitch_line line = c.line;
       stitch_summary summary;
-      std::string why;
-      ASSERT_EQ(GRIDSTITCH(c.parameters, grid_1, grid_2, line, summary, why), success)
-          << c.what << ": " << why;
+      ASSERT_EQ(GRIDSTITCH(c.parameters, grid_1, grid_2, line, summary).why, "") << c.what;
       EXPECT_EQ(testing::first_difference(expected, read_grid("merged.grd")), "")
           << c.what << ", adjusted grid " << adjusted;
     }
@@ -187,9 +184,9 @@ TEST_F(Stitch, refuses_values_that_no_stitch_can_use_and_writes_nothing) {
     spoil(parameters);
     stitch_line line{{-50, 200, 450}, {150, 150, 150}};
     stitch_summary summary;
-    std::string why;
-    EXPECT_EQ(GRIDSTITCH(parameters, grid, grid, line, summary, why), stitch_impossible);
-    EXPECT_NE(why.find(" is expected"), std::string::npos) << why;
+    const Outcome outcome = GRIDSTITCH(parameters, grid, grid, line, summary);
+    EXPECT_EQ(outcome.status, stitch_impossible);
+    EXPECT_NE(outcome.why.find(" is expected"), std::string::npos) << outcome.why;
     EXPECT_EQ(folder.names(), std::vector<std::string>{"one.grd"});
   }
 }

@@ -21,7 +21,8 @@ struct Fixture {
     parameters.lattice_x_max = 100.0;
     parameters.lattice_y_max = 100.0;
   }
-  std::string snap() { return snap_window(parameters, adjusted, line, window); }
+  // Why there is none.
+  std::string snap() { return snap_window(parameters, adjusted, line, window).why; }
 
   stitch_parameters parameters;
   grid_description adjusted;

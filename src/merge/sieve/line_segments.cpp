@@ -34,8 +34,8 @@ bool close_line(stitch_line& line, double distance) {
   return true;
 }
 
-std::string measure_segments(const stitch_line& line, double step,
-                             std::vector<line_segment>& segments, std::int32_t& step_count) {
+Outcome measure_segments(const stitch_line& line, double step, std::vector<line_segment>& segments,
+                         std::int32_t& step_count) {
   constexpr auto longest = static_cast<double>(std::numeric_limits<float>::max());
   const std::size_t count = line.x.size() - 1;
   segments.clear();
@@ -46,7 +46,8 @@ std::string measure_segments(const stitch_line& line, double step,
     const double dy = line.y[k + 1] - line.y[k];
     const double exact_length = std::sqrt(dx * dx + dy * dy);
     if (!(exact_length + static_cast<double>(total) < longest)) {
-      return "the stitch line is longer than single precision can hold (" + shortest(longest) + ")";
+      return impossible("the stitch line is longer than single precision can hold (" +
+                        shortest(longest) + ")");
     }
     const auto length = static_cast<double>(static_cast<float>(exact_length));
     const bend at_start = k == 0 ? bend::none : turn(segments.back(), dx, dy);
@@ -55,12 +56,14 @@ std::string measure_segments(const stitch_line& line, double step,
   }
   const double steps = static_cast<double>(total) / step + 1.0;
   if (steps < least_steps) {
-    return "the stitch line is " + shortest(total) + " long, at least three X cell sizes (" +
-           shortest((least_steps - 1.0) * step) + ") are needed";
+    return impossible("the stitch line is " + shortest(total) +
+                      " long, at least three X cell sizes (" +
+                      shortest((least_steps - 1.0) * step) + ") are needed");
   }
   if (!(steps < most_steps)) {
-    return "the stitch line is " + shortest(total) + " long, which is more X cell sizes of " +
-           shortest(step) + " than can be sampled";
+    return impossible("the stitch line is " + shortest(total) +
+                      " long, which is more X cell sizes of " + shortest(step) +
+                      " than can be sampled");
   }
   step_count = static_cast<std::int32_t>(steps);
   return {};

@@ -3,9 +3,9 @@
 #pragma once
 #include <cstdint>
 #include <span>
-#include <string>
 #include <vector>
 
+#include "merge/outcome.h"
 #include "merge/stitch_line.h"
 
 namespace velmorankite {
@@ -32,10 +32,9 @@ bool close_line(stitch_line& line, double distance);
 //   segments    out: one less than vertices.
 //   step_count  out: steps of `step` map units that the line should take, from its total length
 //               in single precision.
-// Gives an empty text, or one sentence that says why the line will not do: fewer than 4 steps, or
-// more than can be walked.
-[[nodiscard]] std::string measure_segments(const stitch_line& line, double step,
-                                           std::vector<line_segment>& segments,
-                                           std::int32_t& step_count);
+// Status: success, or stitch_impossible for a line of fewer than 4 steps or of more than can be
+// walked.
+Outcome measure_segments(const stitch_line& line, double step, std::vector<line_segment>& segments,
+                         std::int32_t& step_count);
 
 }  // namespace velmorankite

@@ -20,7 +20,7 @@ namespace {
 std::vector<line_segment> segments_of(const stitch_line& line) {
   std::vector<line_segment> segments;
   std::int32_t steps = 0;
-  EXPECT_EQ(measure_segments(line, 1e-4, segments, steps), "");
+  EXPECT_EQ(measure_segments(line, 1e-4, segments, steps).why, "");
   return segments;
 }
 

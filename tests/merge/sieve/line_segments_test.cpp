@@ -17,7 +17,7 @@ using doubles = std::vector<double>;
 std::vector<bend> bends_of(const stitch_line& line) {
   std::vector<line_segment> segments;
   std::int32_t steps = 0;
-  EXPECT_EQ(measure_segments(line, 0.001, segments, steps), "");
+  EXPECT_EQ(measure_segments(line, 0.001, segments, steps).why, "");
   std::vector<bend> bends;
   std::ranges::transform(segments, std::back_inserter(bends), &line_segment::at_start);
   return bends;
@@ -34,8 +34,8 @@ TEST(LineSegments, bend_left_or_straight_on_and_right) {
 TEST(LineSegments, have_lengths_in_single_precision_and_directions_by_these) {
   std::vector<line_segment> segments;
   std::int32_t steps = 0;
-  ASSERT_EQ(measure_segments({{10, 10.1, 10.1, 10.1}, {0, 0.1, 0.1, 3.1}}, 1.0, segments, steps),
-            "");
+  ASSERT_EQ(
+      measure_segments({{10, 10.1, 10.1, 10.1}, {0, 0.1, 0.1, 3.1}}, 1.0, segments, steps).why, "");
   ASSERT_EQ(segments.size(), 3U);
   const double dx = 10.1 - 10.0;
   const double length = static_cast<double>(static_cast<float>(std::sqrt(dx * dx + 0.1 * 0.1)));
@@ -53,7 +53,8 @@ TEST(LineSegments, of_a_line_below_three_steps_or_beyond_counting_are_refused) {
   std::vector<line_segment> segments;
   std::int32_t steps = 0;
   const auto measure = [&](double length, double step) {
-    return measure_segments({{0.0, length / 2, length}, {0.0, 0.0, 0.0}}, step, segments, steps);
+    return measure_segments({{0.0, length / 2, length}, {0.0, 0.0, 0.0}}, step, segments, steps)
+        .why;
   };
   EXPECT_EQ(measure(75.0, 25.0), "");
   EXPECT_EQ(steps, 4);
