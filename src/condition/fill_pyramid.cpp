@@ -14,8 +14,13 @@ namespace {
 constexpr std::int64_t fewest_valid_nodes = 2;
 
 Lattice halved(const Lattice& fine) {
-  return {fine.x_min,        fine.y_min,           fine.x_cell * 2.0,
-          fine.y_cell * 2.0, fine.x_count / 2 + 1, fine.y_count / 2 + 1};
+  constexpr auto step = static_cast<std::int32_t>(level_step);
+  Lattice coarse = fine;
+  coarse.x_cell *= step;
+  coarse.y_cell *= step;
+  coarse.x_count = fine.x_count / step + 1;
+  coarse.y_count = fine.y_count / step + 1;
+  return coarse;
 }
 
 float mean_of_valid(LevelRows& level) {

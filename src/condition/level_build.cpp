@@ -50,20 +50,24 @@ level_summary build_rows(LevelRows& level, std::int32_t reach, const row_maker& 
 
 // Gives the blank nodes of a row of level 1 the mean of the cells near them.
 void widen_row(LevelRows& level_0, std::int32_t row, std::span<float> cells) {
-  std::vector<std::span<const float>> nearby;
-  const std::int64_t centre = std::int64_t{2} * row - 1;
-  const std::int64_t last = std::min<std::int64_t>(centre + 1, level_0.lattice().y_count);
-  for (std::int64_t r = std::max<std::int64_t>(centre - 1, 1); r <= last; ++r) {
-    nearby.emplace_back(level_0.row(static_cast<std::int32_t>(r)));
-  }
+  const auto nearby = rows_nearby(level_0, level_step * (row - 1) + 1);
   for (std::size_t i = 0; i < cells.size(); ++i) {
     if (!is_valid(cells[i])) {
-      cells[i] = mean_nearby(nearby, 2 * static_cast<std::int64_t>(i) + 1);
+      cells[i] = mean_nearby(nearby, level_step * static_cast<std::int64_t>(i) + 1);
     }
   }
 }
 
 }  // namespace
+
+std::vector<std::span<const float>> rows_nearby(LevelRows& level_0, std::int64_t row) {
+  std::vector<std::span<const float>> nearby;
+  const std::int64_t last = std::min<std::int64_t>(row + 1, level_0.lattice().y_count);
+  for (std::int64_t r = std::max<std::int64_t>(row - 1, 1); r <= last; ++r) {
+    nearby.emplace_back(level_0.row(static_cast<std::int32_t>(r)));
+  }
+  return nearby;
+}
 
 float mean_nearby(std::span<const std::span<const float>> rows, std::int64_t column) {
   double sum = 0.0;

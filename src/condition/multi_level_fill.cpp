@@ -142,13 +142,18 @@ Status GRDMIPMAP(const fill_request& request, std::int64_t& filled_count,
   return success;
 }
 
-Status fill_levels(std::span<float> cells, const Lattice& lattice, std::int64_t& filled_count) {
+Status fill_levels(std::span<float> cells, const Lattice& lattice, std::int64_t& filled_count,
+                   const line_cells& line) {
   filled_count = 0;
   if (lattice.x_count < fewest_nodes || lattice.y_count < fewest_nodes ||
       std::ssize(cells) < lattice.cell_count()) {
     return fill_impossible;
   }
   cells = cells.first(static_cast<std::size_t>(lattice.cell_count()));
+  if (std::ranges::any_of(line.cells, [&](std::size_t place) { return place >= cells.size(); })) {
+    return fill_impossible;
+  }
+  add_line_nodes(line, lattice, cells);
   if (std::ranges::all_of(cells, is_valid)) {
     return success;
   }

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "condition/level_store.h"
+#include "condition/line_nodes.h"
 #include "formats/grid_description.h"
 #include "grid/lattice.h"
 #include "grid/status.h"
@@ -53,6 +54,10 @@ Status GRDMIPMAP(const fill_request& request, std::int64_t& filled_count,
 // The same fill for a grid in memory: `cells` holds the rows of `lattice`, the lowest first, and
 // keeps its blanks on fill_impossible. A grid without a blank costs a look at its cells; nothing
 // is then filled on any level.
-Status fill_levels(std::span<float> cells, const Lattice& lattice, std::int64_t& filled_count);
+//   filled_count  out: as above; the nodes beside a line are not of them.
+//   line          data along a line, of which the fill is to see all: add_line_nodes comes first.
+// Status: success or fill_impossible, also for a line with cells that are not on the lattice.
+Status fill_levels(std::span<float> cells, const Lattice& lattice, std::int64_t& filled_count,
+                   const line_cells& line = {});
 
 }  // namespace velmorankite

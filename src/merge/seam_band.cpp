@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <new>
-#include <string>
+#include <span>
 #include <vector>
 
 #include "merge/line_samples.h"
@@ -12,6 +12,17 @@
 
 namespace velmorankite {
 namespace {
+
+// How many samples of the band lie on the last segment of its line: the walk up to there is the
+// same without it.
+std::size_t samples_on_last(std::span<const line_segment> segments, std::int32_t step_count,
+                            const seam_band& band) {
+  std::vector<double> x;
+  std::vector<double> y;
+  const Outcome outcome =
+      sample_line(segments.first(segments.size() - 1), step_count, band.window, x, y);
+  return outcome.failed() ? 0 : band.sample_x.size() - x.size();
+}
 
 Outcome build(const stitch_parameters& parameters, const grid_description& adjusted,
               stitch_line& line, seam_band& band) {
@@ -30,6 +41,9 @@ Outcome build(const stitch_parameters& parameters, const grid_description& adjus
           sample_line(segments, step_count, band.window, band.sample_x, band.sample_y);
       outcome.failed()) {
     return outcome;
+  }
+  if (band.closed) {
+    band.repeated_count = samples_on_last(segments, step_count, band);
   }
   band.weights = platform::LargeArray<float>(static_cast<std::size_t>(window.cell_count()));
   fill_blend_weights(segments, window, parameters.blend_width, band_reach(parameters),

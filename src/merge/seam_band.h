@@ -2,6 +2,7 @@
 // line, and a blend weight for every cell of the window.
 // SPDX-License-Identifier: MIT
 #pragma once
+#include <cstddef>
 #include <vector>
 
 #include "formats/grid_description.h"
@@ -20,6 +21,7 @@ struct seam_band {
   std::vector<double> sample_y;
   platform::LargeArray<float> weights;  // as fill_blend_weights leaves them
   bool closed = false;                  // the line comes back on itself
+  std::size_t repeated_count = 0;  // the last samples, if closed: on the first segment once more
 };
 
 // Builds the band.

@@ -2,12 +2,11 @@
 #include "merge/seam_correction.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstddef>
 #include <string>
 
-#include "condition/level_build.h"
+#include "condition/line_nodes.h"
 #include "condition/multi_level_fill.h"
 #include "formats/describe_grid.h"
 #include "grid/cell_interpolation.h"
@@ -35,54 +34,20 @@ std::int64_t cell_index(double offset, double cell_size, std::int32_t count) {
   return static_cast<std::int64_t>(place) - 1;
 }
 
-// A cell of the window, columns and rows counted from 0.
-struct window_cell {
-  std::int64_t column;
-  std::int64_t row;
-
-  // The fill of the window goes on from every second column and row.
-  [[nodiscard]] bool is_node() const {
-    return column >= 0 && row >= 0 && column % 2 == 0 && row % 2 == 0;
-  }
-};
-
-window_cell cell_of(const line_values& points, std::size_t i, const Lattice& window) {
-  return {cell_index(points.x[i] - window.x_min, window.x_cell, window.x_count),
-          cell_index(points.y[i] - window.y_min, window.y_cell, window.y_count)};
+// Place in the rows of the window of the cell that a point lies in.
+std::size_t cell_of(const line_values& points, std::size_t i, const Lattice& window) {
+  const std::int64_t column = cell_index(points.x[i] - window.x_min, window.x_cell, window.x_count);
+  const std::int64_t row = cell_index(points.y[i] - window.y_min, window.y_cell, window.y_count);
+  return static_cast<std::size_t>(row * window.x_count + column);
 }
 
-std::size_t index_of(window_cell cell, const Lattice& window) {
-  return static_cast<std::size_t>(cell.row * window.x_count + cell.column);
-}
-
-struct node_value {
-  std::size_t index;
-  float value;
-};
-
-float mean_round(window_cell node, const Lattice& window, std::span<const float> cells) {
-  std::array<std::span<const float>, 3> rows;
-  std::size_t count = 0;
-  const auto width = static_cast<std::size_t>(window.x_count);
-  const std::int64_t last = std::min(node.row + 1, std::int64_t{window.y_count} - 1);
-  for (std::int64_t row = std::max(node.row - 1, std::int64_t{0}); row <= last; ++row) {
-    rows[count++] = cells.subspan(static_cast<std::size_t>(row) * width, width);
+// The cells of the points in their order, of a closed line those of one turn.
+line_cells cells_along(const line_values& points, const Lattice& window, bool closed) {
+  line_cells line{{}, closed};
+  for (std::size_t i = 0; i < points.value.size() - points.repeated; ++i) {
+    line.cells.push_back(cell_of(points, i, window));
   }
-  return mean_nearby(std::span(rows).first(count), node.column + 1);
-}
-
-// The nodes within one cell of a cell that have no value, with the mean of the cells round them.
-void add_nodes_round(window_cell cell, const Lattice& window, std::span<const float> cells,
-                     std::vector<node_value>& nodes) {
-  for (std::int64_t row = cell.row - 1; row <= cell.row + 1; ++row) {
-    for (std::int64_t column = cell.column - 1; column <= cell.column + 1; ++column) {
-      const window_cell near{column, row};
-      if (near.is_node() && column < window.x_count && row < window.y_count &&
-          !is_valid(cells[index_of(near, window)])) {
-        nodes.push_back({index_of(near, window), mean_round(near, window, cells)});
-      }
-    }
-  }
+  return line;
 }
 
 line_values residuals_of(const seam_band& band, std::span<const float> grid_1,
@@ -93,6 +58,7 @@ line_values residuals_of(const seam_band& band, std::span<const float> grid_1,
       kept.x.push_back(band.sample_x[i]);
       kept.y.push_back(band.sample_y[i]);
       kept.value.push_back(grid_1[i] - grid_2[i]);
+      kept.repeated += i + band.repeated_count >= grid_1.size() ? 1 : 0;
     }
   }
   return kept;
@@ -125,14 +91,14 @@ transform_request continuation(const std::filesystem::path& from, const std::str
 }
 
 // The residuals spread over the window from the cells of the line, as a scratch grid.
-bool write_spread_residuals(const line_values& points, const Lattice& window,
+bool write_spread_residuals(const line_values& points, const Lattice& window, bool closed,
                             const std::filesystem::path& path) {
   platform::LargeArray<float> cells(static_cast<std::size_t>(window.cell_count()));
   std::fill(cells.begin(), cells.end(), dummy);
   place_on_window(points, window, cells.span());
-  reach_nodes(points, window, cells.span());
   std::int64_t filled_count = 0;
-  if (fill_levels(cells.span(), window, filled_count).failed()) {
+  const line_cells line = cells_along(points, window, closed);
+  if (fill_levels(cells.span(), window, filled_count, line).failed()) {
     return false;
   }
   platform::BinaryFile file(path, platform::open_mode::create);
@@ -207,29 +173,8 @@ std::vector<float> smooth_along_line(std::span<const float> residuals, std::int3
 void place_on_window(const line_values& points, const Lattice& window, std::span<float> cells) {
   for (std::size_t i = 0; i < points.value.size(); ++i) {
     if (is_valid(points.value[i])) {
-      cells[index_of(cell_of(points, i, window), window)] = points.value[i];
+      cells[cell_of(points, i, window)] = points.value[i];
     }
-  }
-}
-
-void reach_nodes(const line_values& points, const Lattice& window, std::span<float> cells) {
-  constexpr std::size_t longest_stretch = 16;
-  const std::size_t count = points.value.size();
-  std::vector<node_value> reached;
-  std::size_t begin = 0;  // of the points since the last node
-  for (std::size_t i = 0; i <= count; ++i) {
-    if (i < count && !cell_of(points, i, window).is_node()) {
-      continue;
-    }
-    if (i - begin > longest_stretch) {
-      for (std::size_t k = begin; k < i; ++k) {
-        add_nodes_round(cell_of(points, k, window), window, cells, reached);
-      }
-    }
-    begin = i + 1;
-  }
-  for (const node_value& node : reached) {
-    cells[node.index] = node.value;
   }
 }
 
@@ -243,7 +188,7 @@ Outcome build_seam_correction(const stitch_parameters& parameters, const seam_ba
   points.value = smooth_along_line(points.value, half_width, band.closed);
 
   const platform::ScratchFile spread = new_scratch("~grdfeather_fill");
-  if (!write_spread_residuals(points, band.window.lattice, spread.path())) {
+  if (!write_spread_residuals(points, band.window.lattice, band.closed, spread.path())) {
     return impossible("the mismatch along the line cannot be spread over the working window");
   }
   const std::string output = correction_grid_path(parameters.report_name).string();

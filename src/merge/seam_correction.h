@@ -2,6 +2,7 @@
 // window that the merge adds to the grid that is moved.
 // SPDX-License-Identifier: MIT
 #pragma once
+#include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <span>
@@ -31,17 +32,12 @@ struct line_values {
   std::vector<double> x;
   std::vector<double> y;
   std::vector<float> value;
+  std::size_t repeated = 0;  // the last ones, at which a closed line is at its beginning once more
 };
 
 // Puts each value into the cell of the window that its point lies in, a later one over an earlier.
 //   cells  rows of `window`, the lowest first.
 void place_on_window(const line_values& points, const Lattice& window, std::span<float> cells);
-
-// Makes sure that the fill of the window sees all of the line. It goes on from every second column
-// and row, and a line that runs along the others, or slowly drifts over them, would be lost to it:
-// where more than 16 points in a row lie on none of those cells, the ones within a cell of them
-// take the mean of the line's cells round them.
-void reach_nodes(const line_values& points, const Lattice& window, std::span<float> cells);
 
 // A grid of the correction, on the working window.
 struct seam_correction {

@@ -175,6 +175,7 @@ TEST(MultiLevelFill, grid_without_a_blank_or_without_data_or_too_small_stays) {
     EXPECT_EQ(count, 0);
     EXPECT_EQ(testing::first_difference(before, cells), "");
     EXPECT_EQ(fill_levels(std::span(cells).first(8), lattice, count), fill_impossible);
+    EXPECT_EQ(fill_levels(cells, lattice, count, {{cells.size()}}), fill_impossible);
   }
 }
 

@@ -27,6 +27,7 @@ TEST(SeamBand, brings_window_samples_and_weights_to_one_lattice) {
   seam_band band;
   ASSERT_EQ(build_seam_band(parameters(), {}, {}, line, band).why, "");
   EXPECT_FALSE(band.closed);
+  EXPECT_EQ(band.repeated_count, 0U);
   EXPECT_EQ(band.window.first_column, 16);
   EXPECT_EQ(band.window.first_row, 26);
   EXPECT_EQ(band.sample_x.size(), 21U);
@@ -63,6 +64,7 @@ TEST(SeamBand, of_a_closed_line_tells_so_and_runs_on_to_the_second_vertex) {
   EXPECT_EQ(line.x, (std::vector<double>{20, 40, 40, 20, 20.5, 40}));
   EXPECT_EQ(line.y, (std::vector<double>{20, 20, 40, 40, 20.5, 20}));
   EXPECT_GT(band.sample_x.size(), 98U);
+  EXPECT_EQ(band.repeated_count, 20U);  // at steps of 1 along the side from 20 to 40
 }
 
 TEST(SeamBand, that_cannot_be_built_leaves_the_sentence_of_the_stage_that_stopped) {

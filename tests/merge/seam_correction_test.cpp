@@ -202,6 +202,13 @@ TEST_F(DriftingSeam, is_corrected_wherever_its_line_lies_between_columns_and_row
   }
 }
 
+// The side through its join misses those columns and rows at either side of it.
+TEST_F(DriftingSeam, is_corrected_across_the_join_of_a_closed_line) {
+  line = {{600, 650, 750, 950, 600, 330, 530, 600}, {310, 310, 310, 510, 810, 510, 310, 310}};
+  ASSERT_EQ(GRIDSTITCH(parameters, grid_1, grid_2, line, summary).why, "");
+  EXPECT_LT(summary.mismatch.rms_corrected, 0.4 * summary.mismatch.rms_after);
+}
+
 TEST_F(DriftingSeam, grid_1_moves_the_other_way_when_it_is_the_one_to_be_adjusted) {
   parameters.adjusted_grid = 0;
   ASSERT_EQ(stitch(), "");
