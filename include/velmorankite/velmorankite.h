@@ -528,12 +528,12 @@ VELMORANKITE_API void GRDMIPMAP(const char* input, const int32_t* grid_ints,
  *   column_offset, row_offset  columns and rows of it ahead of the first of the source.
  *   output        the standard grid to make.
  *   minimum, maximum  out: of the valid cells of the source; 0 on failure.
- *   background    in, out: below -1.0E30 it is replaced by the mean of the source where there is a
- *                 blank.
+ *   background    in, out: one that is not above -1.0E30 is replaced by the mean of the source where
+ *                 there is a blank.
  *   extend        0: enclosed holes; all others: the whole lattice.
  *   filled_count  in, out: grows by the blank cells that got a mean.
- *   status        0; -1 no file on the unit, counts, offsets, a sense or cell sizes that are not
- *                 sound, no output name, or no valid cell. */
+ *   status        0; -1 no file on the unit, cells other than 4-byte floats, counts, offsets, a sense
+ *                 or cell sizes that are not sound, no output name, or no valid cell. */
 VELMORANKITE_API void GRDEXT(const int32_t* unit, const int32_t* sense,
                              const int32_t* source_columns, const int32_t* source_rows,
                              const double* grid_reals, const double* x_cell, const double* y_cell,

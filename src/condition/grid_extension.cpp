@@ -24,12 +24,19 @@ bool holds_cells(const RowFile& source) {
   return layout.y_count <= cell_count / layout.x_count;
 }
 
+// Whether the header speaks of cells that can be read as floats.
+bool holds_floats(const RowFile& source) {
+  standard_header header;
+  return !READ_GEOSOFT_HEADER(source.file(), header).failed() && header.element_size == 4 &&
+         header.sign_flag == kind_float;
+}
+
 bool is_possible(const RowFile& source, const extension_request& request) {
   const RowLayout& layout = source.layout();
   const auto is_size = [](double cell) { return std::isfinite(cell) && cell > 0.0; };
   return fits(layout.x_count, request.column_offset, request.x_count) &&
          fits(layout.y_count, request.row_offset, request.y_count) &&
-         request.x_count <= longest_row && holds_cells(source) &&
+         request.x_count <= longest_row && holds_cells(source) && holds_floats(source) &&
          (request.storage_sense == sense_bottom_up || request.storage_sense == sense_top_down) &&
          is_size(request.x_cell) && is_size(request.y_cell) && std::isfinite(request.x_min) &&
          std::isfinite(request.y_min) && !platform::without_padding(request.output_name).empty();
@@ -71,7 +78,7 @@ Status GRDEXT(const RowFile& source, const extension_request& request, float& mi
   header.stat_max = gaps.maximum;
   header.stat_mean = gaps.mean;
   OUTPUT_GEOSOFT_HEADER(output.file(), header);
-  const float pull_to = background >= valid_threshold ? background : gaps.mean;
+  const float pull_to = is_valid(background) ? background : gaps.mean;
   const bool has_blanks = grid.has_blanks();
   const std::int64_t filled = grid.write(output.file(), standard_header_bytes,
                                          {request.extend, pull_to, request.pass_limit});

@@ -31,9 +31,9 @@ struct extension_request {
 
 // Writes a grid on a working lattice and fills it by sweeps where it has blanks. Data keep their
 // coordinates.
-//   source      rows of 4-byte floats, counted in the order of the file.
+//   source      standard grid of 4-byte floats, its rows counted in the order of the file.
 //   minimum, maximum  out: of the valid cells of the source; 0 on failure.
-//   background  in, out: what far cells are drawn to; below -1.0E30: the mean of the source,
+//   background  in, out: what far cells are drawn to; no valid value: the mean of the source,
 //               which is then handed out if a sweep runs.
 //   filled_count  in, out: grows by the blank cells that got a mean.
 //   most_cells_in_memory  a lattice with more cells is worked on by rows, with the same bits.

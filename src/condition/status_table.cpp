@@ -13,8 +13,8 @@ namespace {
 
 constexpr status_row rows[] = {
     {"GRDEXT", extension_impossible,
-     "no file on the unit, counts, offsets, a sense or cell sizes that are not sound, no output "
-     "name, or no valid cell"},
+     "no file on the unit, cells other than 4-byte floats, counts, offsets, a sense or cell sizes "
+     "that are not sound, no output name, or no valid cell"},
     {"GRDMIPMAP", fill_impossible,
      "the working lattice has fewer than 4 columns or rows or does not hold the whole input, or no "
      "cell has a value"},

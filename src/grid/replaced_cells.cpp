@@ -17,10 +17,9 @@ std::filesystem::perms permissions_of(const std::filesystem::path& path) {
 
 ReplacedCells::ReplacedCells(const platform::BinaryFile& grid, std::int64_t header_bytes,
                              std::int64_t cell_bytes)
-    : grid_(grid),
-      cells_end_(header_bytes + cell_bytes),
-      permissions_(permissions_of(grid.path())),
-      output_(grid.path()) {
+    : grid_(grid), cells_end_(header_bytes + cell_bytes), output_(grid.path()) {
+  std::error_code ignored;  // what the new state holds is nobody's business either
+  std::filesystem::permissions(output_.file().path(), permissions_of(grid.path()), ignored);
   copy_bytes(1, header_bytes + 1);
 }
 
@@ -32,8 +31,6 @@ ReplacedCells::ReplacedCells(const RowFile& grid)
 void ReplacedCells::commit() {
   copy_bytes(cells_end_ + 1, grid_.size() + 1);
   output_.commit();
-  std::error_code ignored;
-  std::filesystem::permissions(output_.target(), permissions_, ignored);
 }
 
 void ReplacedCells::copy_bytes(std::int64_t position, std::int64_t end) {

@@ -31,7 +31,6 @@ class ReplacedCells {
 
   const platform::BinaryFile& grid_;
   std::int64_t cells_end_;
-  std::filesystem::perms permissions_;
   platform::StagedFile output_;
 };
 

@@ -166,10 +166,8 @@ double TCUBVAL(std::span<const double> x, std::span<const tension_node> nodes, d
     return line -
            d1 * d2 * (right.coefficient * (d1 + d) + left.coefficient * (d2 + d)) / (6.0 * d);
   }
-  if (is_stiff(sigma * std::max({std::fabs(d1), std::fabs(d2), d}))) {
-    if (d1 < 0.0 || d2 < 0.0) {
-      return line;
-    }
+  const bool inside = d1 >= 0.0 && d2 >= 0.0;
+  if (inside && is_stiff(sigma * d)) {
     return line + (right.coefficient * (sinh_ratio(sigma, d1, d2) - d1 / d) +
                    left.coefficient * (sinh_ratio(sigma, d2, d1) - d2 / d)) /
                       (sigma * sigma);
@@ -177,8 +175,11 @@ double TCUBVAL(std::span<const double> x, std::span<const tension_node> nodes, d
   const double s = TCUBHYP(sigma * d, wanted_s).s;
   const double s1 = TCUBHYP(sigma * d1, wanted_s).s;
   const double s2 = TCUBHYP(sigma * d2, wanted_s).s;
-  return line + (right.coefficient * d1 * (s1 - s) + left.coefficient * d2 * (s2 - s)) /
-                    (sigma * d * sigma * (1.0 + s));
+  const double value =
+      line + (right.coefficient * d1 * (s1 - s) + left.coefficient * d2 * (s2 - s)) /
+                 (sigma * d * sigma * (1.0 + s));
+  // Beyond the table the exponentials may be too large for a number: the polygon goes on there.
+  return inside || std::isfinite(value) ? value : line;
 }
 
 }  // namespace velmorankite

@@ -53,6 +53,8 @@ Status GEOVALID(std::string_view path) {
   if (status.failed() || header.storage_sense == sense_bottom_up) {
     return status;
   }
+  // A grid that may not be written is not replaced either.
+  (void)platform::BinaryFile(grid.path(), platform::open_mode::read_write);
   header.storage_sense = sense_bottom_up;
   header.stat_median = dummy;
   header.stat_mean = dummy;

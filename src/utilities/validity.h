@@ -14,7 +14,7 @@ namespace velmorankite {
 // it leads to.
 //   path  standard grid that is not compressed; trailing blanks are dropped.
 // Status: success, header_unsound, plain_cells_unknown, plain_sense_unknown (plain_grid.h). Throws
-// IoError if the file cannot be read, does not hold all its cells or cannot be replaced. The grid
+// IoError if the file cannot be read or written, does not hold all its cells or cannot be replaced. The grid
 // is as it was after every failure. Memory is a block of rows.
 Status GEOVALID(std::string_view path);
 

@@ -164,7 +164,10 @@ class GridExtension : public ::testing::Test {
 
   Status extend(std::int32_t sense, std::int64_t most_cells = while_memory_lasts) {
     request.storage_sense = sense;
-    const RowFile file({source(sense), platform::open_mode::read}, {1, 18, rows});
+    const std::filesystem::path path = source(sense);
+    platform::BinaryFile(path, platform::open_mode::read_write)
+        .write_value(5, integers ? kind_signed : kind_float);
+    const RowFile file({path, platform::open_mode::read}, {1, 18, rows});
     return GRDEXT(file, request, minimum, maximum, background, filled, most_cells);
   }
 
@@ -172,6 +175,7 @@ class GridExtension : public ::testing::Test {
   std::string output = (folder / "out.grd").string();
   extension_request request;
   std::int32_t rows = 13;
+  bool integers = false;  // what the header says of the cells
   float minimum = 7.0F;
   float maximum = 7.0F;
   float background = dummy;
@@ -218,8 +222,11 @@ TEST_F(GridExtension, a_bad_call_writes_nothing) {
   rows = 14;  // more than the file holds
   EXPECT_TRUE(refused([](auto&) {}));
   rows = 13;
+  integers = true;
+  EXPECT_TRUE(refused([](auto&) {}));
   const std::string itself = (folder / "." / "up.grd").string();
   request.output_name = itself;
+  integers = false;
   EXPECT_THROW((void)extend(1), platform::IoError);
 }
 
