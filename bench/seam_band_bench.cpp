@@ -7,7 +7,6 @@
 
 #include <cmath>
 #include <numbers>
-#include <string>
 
 namespace velmorankite {
 namespace {
@@ -42,9 +41,9 @@ void seam_band_of_line(benchmark::State& state) {
   for ([[maybe_unused]] auto step : state) {
     stitch_line line = bent_diagonal(state.range(0));
     seam_band band;
-    std::string why;
-    if (build_seam_band(parameters, no_grid, no_grid, line, band, why).code < 0) {
-      state.SkipWithError(why.c_str());
+    const Outcome outcome = build_seam_band(parameters, no_grid, no_grid, line, band);
+    if (outcome.failed()) {
+      state.SkipWithError(outcome.why.c_str());
       break;
     }
     benchmark::DoNotOptimize(band.weights.data());
