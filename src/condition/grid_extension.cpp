@@ -12,11 +12,6 @@
 namespace velmorankite {
 namespace {
 
-// Whether `count` cells, moved by `offset`, lie within `room`.
-bool fits(std::int64_t count, std::int64_t offset, std::int64_t room) {
-  return count >= 1 && offset >= 0 && offset + count <= room;
-}
-
 bool holds_cells(const RowFile& source) {
   const RowLayout& layout = source.layout();
   const std::int64_t cell_count =
@@ -34,8 +29,8 @@ bool holds_floats(const RowFile& source) {
 bool is_possible(const RowFile& source, const extension_request& request) {
   const RowLayout& layout = source.layout();
   const auto is_size = [](double cell) { return std::isfinite(cell) && cell > 0.0; };
-  return fits(layout.x_count, request.column_offset, request.x_count) &&
-         fits(layout.y_count, request.row_offset, request.y_count) &&
+  return lie_within(layout.x_count, request.column_offset, request.x_count) &&
+         lie_within(layout.y_count, request.row_offset, request.y_count) &&
          request.x_count <= longest_row && holds_cells(source) && holds_floats(source) &&
          (request.storage_sense == sense_bottom_up || request.storage_sense == sense_top_down) &&
          is_size(request.x_cell) && is_size(request.y_cell) && std::isfinite(request.x_min) &&

@@ -20,18 +20,13 @@ namespace {
 using platform::BinaryFile;
 using platform::StagedFile;
 
-// Whether `count` cells, moved by `offset`, lie within `room`.
-bool fits(std::int64_t count, std::int64_t offset, std::int64_t room) {
-  return count >= 1 && offset >= 0 && offset + count <= room;
-}
-
 bool is_possible(const fill_request& request) {
   const grid_ints& input = request.input.ints;
   const std::int64_t cell_count = std::int64_t{request.x_count} * request.y_count;
   return (request.cells.empty() || std::ssize(request.cells) >= cell_count) &&
          request.x_count >= fewest_nodes && request.y_count >= fewest_nodes &&
-         fits(input.x_count, request.column_offset, request.x_count) &&
-         fits(input.y_count, request.row_offset, request.y_count);
+         lie_within(input.x_count, request.column_offset, request.x_count) &&
+         lie_within(input.y_count, request.row_offset, request.y_count);
 }
 
 // Level 0, and the array that it is held in if that is none of the caller's.

@@ -41,6 +41,12 @@ struct Lattice {
           y_count};
 }
 
+// Whether `count` cells of an axis, moved by `offset`, lie within `room` cells.
+[[nodiscard]] constexpr bool lie_within(std::int64_t count, std::int64_t offset,
+                                        std::int64_t room) noexcept {
+  return count >= 1 && offset >= 0 && offset + count <= room;
+}
+
 // Whether two positions or cell sizes count as one, in map units: what saved grids are held to.
 [[nodiscard]] constexpr bool agree(double a, double b) noexcept {
   constexpr double tolerance = 1.0E-6;

@@ -14,6 +14,7 @@
 #include "platform/io_error.h"
 #include "platform/keep_apart.h"
 #include "platform/list_directed.h"
+#include "platform/padded_text.h"
 #include "platform/text_file.h"
 
 namespace velmorankite {
@@ -73,7 +74,7 @@ std::string DefinitionsReader::name(const std::string& meaning, blank rule) {
     throw ended(meaning);
   }
   next(reader_.line_number());
-  line.erase(line.find_last_not_of(' ') + 1);
+  line.resize(platform::without_padding(line).size());
   if (line.size() > longest_name || (line.empty() && rule == blank::refused)) {
     throw malformed_line(reader_.path(), reader_.line_number(),
                          meaning + " expected, at most 256 characters long, " +

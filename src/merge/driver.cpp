@@ -15,6 +15,7 @@
 #include "merge/stitch.h"
 #include "merge/stitch_line.h"
 #include "platform/number_edit.h"
+#include "platform/padded_text.h"
 #include "platform/scratch_file.h"
 
 namespace velmorankite {
@@ -213,8 +214,7 @@ void run_merge(std::optional<std::string_view> definitions, const run_output& ou
     output.console("Usage: Velmorankite mergedefs.trs");
     return;
   }
-  const std::size_t last = definitions->find_last_not_of(' ');
-  MergeRun(output).run(definitions->substr(0, last + 1));
+  MergeRun(output).run(platform::without_padding(*definitions));
 }
 
 }  // namespace velmorankite

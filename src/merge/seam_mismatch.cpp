@@ -6,6 +6,7 @@
 
 #include "grid/dummy.h"
 #include "platform/number_edit.h"
+#include "platform/padded_text.h"
 #include "platform/scratch_file.h"
 #include "platform/text_file.h"
 
@@ -22,8 +23,7 @@ double rms(double sum_of_squares, std::int64_t count) {
 }  // namespace
 
 std::string report_stem(std::string_view report_name) {
-  const std::size_t last = report_name.find_last_not_of(' ');
-  const std::string_view name = report_name.substr(0, last + 1);
+  const std::string_view name = platform::without_padding(report_name);
   return std::string(name.substr(0, name.rfind('.')));
 }
 
